@@ -48,13 +48,10 @@ class Walker {
     node.info = FindObjectClass(node.id);
     node.payload = length - 4;
     const FrameKind kind = node.info ? node.info->kind : FrameKind::kObject;
-    if (kind == FrameKind::kString) {
-      node.tail = 0;
-      return true;
-    }
     if (kind == FrameKind::kObjectArray && node.info->leading_bytes >= 0) {
       return WalkArray(node, depth);
     }
+    if (kind == FrameKind::kString) node.tail = 0;
     Describe(node);
     return true;
   }

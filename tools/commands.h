@@ -1,0 +1,19 @@
+// The subcommands of the `nkfoundation` program.
+#ifndef NKFOUNDATION_TOOLS_COMMANDS_H_
+#define NKFOUNDATION_TOOLS_COMMANDS_H_
+
+#include <string>
+
+namespace nkf::tools {
+
+// Each returns the process exit status: 0 success, 2 damaged or unreadable
+// input.
+
+// Prints the frame tree of a file; an empty path inspects the bundled sample.
+int RunInspect(const std::string& path);
+int RunCompress(const std::string& in, const std::string& out);
+int RunDecompress(const std::string& in, const std::string& out);
+
+}  // namespace nkf::tools
+
+#endif  // NKFOUNDATION_TOOLS_COMMANDS_H_

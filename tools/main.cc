@@ -1,0 +1,30 @@
+// nkfoundation: looks into and converts the files that the PC software, the
+// device and project files exchange.
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "commands.h"
+
+int main(int argc, char** argv) {
+  CLI::App app{"Inspect and convert NkFoundation object files"};
+  app.require_subcommand(1);
+
+  std::string inspect_path;
+  CLI::App* inspect = app.add_subcommand("inspect", "print the object frames of a file as a tree");
+  inspect->add_option("file", inspect_path, "file of object frames (default: the bundled sample)");
+
+  std::string in;
+  std::string out;
+  CLI::App* compress = app.add_subcommand("compress", "compress a whole file with the image coder");
+  CLI::App* decompress = app.add_subcommand("decompress", "restore a file compressed by 'compress'");
+  for (CLI::App* command : {compress, decompress}) {
+    command->add_option("in", in, "input file")->required();
+    command->add_option("out", out, "output file")->required();
+  }
+
+  CLI11_PARSE(app, argc, argv);
+  if (*inspect) return nkf::tools::RunInspect(inspect_path);
+  if (*compress) return nkf::tools::RunCompress(in, out);
+  return nkf::tools::RunDecompress(in, out);
+}
