@@ -1,0 +1,340 @@
+#include "nkfoundation/core/date_types.h"
+
+#if !defined(NK_HAVE_MFC)
+
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+namespace {
+
+// --- Local time through the C runtime ---------------------------------------
+
+bool ToLocalTm(std::int64_t seconds, std::tm* out) {
+#if defined(_WIN32)
+  const __time64_t time = seconds;
+  return _localtime64_s(out, &time) == 0;
+#else
+  if (seconds < std::numeric_limits<std::time_t>::min() ||
+      seconds > std::numeric_limits<std::time_t>::max()) {
+    return false;
+  }
+  const std::time_t time = static_cast<std::time_t>(seconds);
+  return localtime_r(&time, out) != nullptr;
+#endif
+}
+
+std::int64_t FromLocalTm(std::tm* fields) {
+#if defined(_WIN32)
+  return _mktime64(fields);
+#else
+  return std::mktime(fields);
+#endif
+}
+
+// --- The proleptic Gregorian calendar ---------------------------------------
+
+struct CivilDate {
+  int year;
+  int month;
+  int day;
+};
+
+constexpr bool IsLeapYear(int year) {
+  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+constexpr int DaysInMonth(int year, int month) {
+  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
+}
+
+// Days since 1 January 1970 (the era-based algorithm: exact for every year).
+constexpr std::int64_t DaysFromCivil(CivilDate date) {
+  const std::int64_t y = date.year - (date.month <= 2 ? 1 : 0);
+  const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
+  const std::int64_t year_of_era = y - era * 400;
+  const std::int64_t month_index = (date.month + 9) % 12;  // March = 0
+  const std::int64_t day_of_year = (153 * month_index + 2) / 5 + date.day - 1;
+  const std::int64_t day_of_era =
+      year_of_era * 365 + year_of_era / 4 - year_of_era / 100 + day_of_year;
+  return era * 146097 + day_of_era - 719468;
+}
+
+constexpr CivilDate CivilFromDays(std::int64_t days) {
+  days += 719468;
+  const std::int64_t era = (days >= 0 ? days : days - 146096) / 146097;
+  const std::int64_t day_of_era = days - era * 146097;
+  const std::int64_t year_of_era =
+      (day_of_era - day_of_era / 1460 + day_of_era / 36524 - day_of_era / 146096) / 365;
+  const std::int64_t day_of_year =
+      day_of_era - (365 * year_of_era + year_of_era / 4 - year_of_era / 100);
+  const std::int64_t month_index = (5 * day_of_year + 2) / 153;
+  const int day = static_cast<int>(day_of_year - (153 * month_index + 2) / 5 + 1);
+  const int month = static_cast<int>(month_index < 10 ? month_index + 3 : month_index - 9);
+  const int year = static_cast<int>(year_of_era + era * 400 + (month <= 2 ? 1 : 0));
+  return {year, month, day};
+}
+
+// Day 0 of the OLE date.
+constexpr std::int64_t kOleEpochDays = DaysFromCivil({1899, 12, 30});
+constexpr int kSecondsPerDay = 86400;
+constexpr int kFirstYear = 100;
+constexpr int kLastYear = 9999;
+
+struct DateFields {
+  int year, month, day, hour, minute, second;
+};
+
+bool InRange(const DateFields& f) {
+  return f.year >= kFirstYear && f.year <= kLastYear && f.month >= 1 && f.month <= 12 &&
+         f.day >= 1 && f.day <= DaysInMonth(f.year, f.month) && f.hour >= 0 && f.hour <= 23 &&
+         f.minute >= 0 && f.minute <= 59 && f.second >= 0 && f.second <= 59;
+}
+
+double OleDateFromFields(const DateFields& f) {
+  const std::int64_t days = DaysFromCivil({f.year, f.month, f.day}) - kOleEpochDays;
+  const double fraction = (f.hour * 3600 + f.minute * 60 + f.second) / double{kSecondsPerDay};
+  // Before day 0 the fraction still counts forward within the day, so it is
+  // stored with the sign of the day.
+  return days < 0 ? static_cast<double>(days) - fraction : static_cast<double>(days) + fraction;
+}
+
+bool FieldsFromOleDate(double date, DateFields* out) {
+  // Beyond about ±3.3 million days no date lies in years 100 to 9999.
+  if (!std::isfinite(date) || std::fabs(date) > 3.3e6) return false;
+  const double whole = std::trunc(date);
+  std::int64_t days = static_cast<std::int64_t>(whole);
+  std::int64_t seconds = std::llround(std::fabs(date - whole) * kSecondsPerDay);
+  if (seconds == kSecondsPerDay) {
+    seconds = 0;
+    ++days;
+  }
+  const CivilDate civil = CivilFromDays(days + kOleEpochDays);
+  *out = {civil.year,
+          civil.month,
+          civil.day,
+          static_cast<int>(seconds / 3600),
+          static_cast<int>(seconds / 60 % 60),
+          static_cast<int>(seconds % 60)};
+  return civil.year >= kFirstYear && civil.year <= kLastYear;
+}
+
+// --- Parsing -------------------------------------------------------------
+
+bool IsSpace(char16_t c) { return c == u' ' || c == u'\t'; }
+
+// Reads numbers of one to four digits separated by `separator`; true when
+// the whole word is consumed and holds `min_count` to `max_count` numbers.
+bool ParseNumbers(std::u16string_view word, char16_t separator, int min_count, int max_count,
+                  int* numbers, int* count) {
+  *count = 0;
+  std::size_t i = 0;
+  while (true) {
+    int value = 0;
+    std::size_t digits = 0;
+    while (i < word.size() && word[i] >= u'0' && word[i] <= u'9' && digits < 4) {
+      value = value * 10 + (word[i] - u'0');
+      ++i;
+      ++digits;
+    }
+    if (digits == 0 || *count == max_count) return false;
+    numbers[(*count)++] = value;
+    if (i == word.size()) return *count >= min_count;
+    if (word[i] != separator) return false;
+    ++i;
+  }
+}
+
+bool ParseDate(std::u16string_view word, DateFields* fields) {
+  int numbers[3];
+  int count = 0;
+  if (ParseNumbers(word, u'.', 3, 3, numbers, &count)) {
+    fields->day = numbers[0];
+    fields->month = numbers[1];
+    fields->year = numbers[2];
+    return true;
+  }
+  if (ParseNumbers(word, u'-', 3, 3, numbers, &count)) {
+    fields->year = numbers[0];
+    fields->month = numbers[1];
+    fields->day = numbers[2];
+    return true;
+  }
+  return false;
+}
+
+bool ParseTime(std::u16string_view word, DateFields* fields) {
+  int numbers[3] = {0, 0, 0};
+  int count = 0;
+  if (!ParseNumbers(word, u':', 2, 3, numbers, &count)) return false;
+  fields->hour = numbers[0];
+  fields->minute = numbers[1];
+  fields->second = numbers[2];
+  return true;
+}
+
+}  // namespace
+
+// --- CTime -------------------------------------------------------------------
+
+CTime::CTime(int year, int month, int day, int hour, int minute, int second, int dst) {
+  std::tm fields{};
+  fields.tm_year = year - 1900;
+  fields.tm_mon = month - 1;
+  fields.tm_mday = day;
+  fields.tm_hour = hour;
+  fields.tm_min = minute;
+  fields.tm_sec = second;
+  fields.tm_isdst = dst;
+  m_time = FromLocalTm(&fields);
+}
+
+std::tm* CTime::GetLocalTm(std::tm* out) const { return ToLocalTm(m_time, out) ? out : nullptr; }
+
+int CTime::GetYear() const {
+  std::tm fields;
+  return GetLocalTm(&fields) ? fields.tm_year + 1900 : 0;
+}
+int CTime::GetMonth() const {
+  std::tm fields;
+  return GetLocalTm(&fields) ? fields.tm_mon + 1 : 0;
+}
+int CTime::GetDay() const {
+  std::tm fields;
+  return GetLocalTm(&fields) ? fields.tm_mday : 0;
+}
+int CTime::GetHour() const {
+  std::tm fields;
+  return GetLocalTm(&fields) ? fields.tm_hour : 0;
+}
+int CTime::GetMinute() const {
+  std::tm fields;
+  return GetLocalTm(&fields) ? fields.tm_min : 0;
+}
+int CTime::GetSecond() const {
+  std::tm fields;
+  return GetLocalTm(&fields) ? fields.tm_sec : 0;
+}
+
+// --- COleDateTime ----------------------------------------------------------
+
+COleDateTime::COleDateTime(int year, int month, int day, int hour, int minute, int second) {
+  SetDateTime(year, month, day, hour, minute, second);
+}
+
+COleDateTime::DateTimeStatus COleDateTime::SetDateTime(int year, int month, int day, int hour,
+                                                       int minute, int second) {
+  const DateFields fields{year, month, day, hour, minute, second};
+  if (!InRange(fields)) {
+    m_dt = 0.0;
+    m_status = invalid;
+  } else {
+    m_dt = OleDateFromFields(fields);
+    m_status = valid;
+  }
+  return m_status;
+}
+
+namespace {
+
+// One field of a valid, convertible date, or -1.
+template <int DateFields::*kField>
+int FieldOf(const COleDateTime& date) {
+  DateFields fields;
+  if (date.GetStatus() != COleDateTime::valid || !FieldsFromOleDate(date.m_dt, &fields)) {
+    return COleDateTime::error;
+  }
+  return fields.*kField;
+}
+
+}  // namespace
+
+int COleDateTime::GetYear() const { return FieldOf<&DateFields::year>(*this); }
+int COleDateTime::GetMonth() const { return FieldOf<&DateFields::month>(*this); }
+int COleDateTime::GetDay() const { return FieldOf<&DateFields::day>(*this); }
+int COleDateTime::GetHour() const { return FieldOf<&DateFields::hour>(*this); }
+int COleDateTime::GetMinute() const { return FieldOf<&DateFields::minute>(*this); }
+int COleDateTime::GetSecond() const { return FieldOf<&DateFields::second>(*this); }
+
+std::u16string COleDateTime::Format(std::u16string_view format) const {
+  if (m_status == null) return {};
+  DateFields fields;
+  if (m_status != valid || !FieldsFromOleDate(m_dt, &fields)) return u"Invalid DateTime";
+
+  std::u16string text;
+  auto append_number = [&text](int value, int width) {
+    char digits[8];
+    std::snprintf(digits, sizeof digits, "%0*d", width, value);
+    for (const char* c = digits; *c != '\0'; ++c) text += static_cast<char16_t>(*c);
+  };
+  for (std::size_t i = 0; i < format.size(); ++i) {
+    if (format[i] != u'%' || i + 1 == format.size()) {
+      text += format[i];
+      continue;
+    }
+    switch (format[++i]) {
+      case u'd': append_number(fields.day, 2); break;
+      case u'm': append_number(fields.month, 2); break;
+      case u'Y': append_number(fields.year, 4); break;
+      case u'y': append_number(fields.year % 100, 2); break;
+      case u'H': append_number(fields.hour, 2); break;
+      case u'M': append_number(fields.minute, 2); break;
+      case u'S': append_number(fields.second, 2); break;
+      case u'%': text += u'%'; break;
+      default:
+        text += u'%';
+        text += format[i];
+    }
+  }
+  return text;
+}
+
+bool COleDateTime::ParseDateTime(std::u16string_view text, std::uint32_t flags) {
+  // Split into at most two words.
+  std::u16string_view words[2];
+  int word_count = 0;
+  std::size_t i = 0;
+  while (i < text.size()) {
+    if (IsSpace(text[i])) {
+      ++i;
+      continue;
+    }
+    const std::size_t start = i;
+    while (i < text.size() && !IsSpace(text[i])) ++i;
+    if (word_count == 2) {
+      word_count = 3;
+      break;
+    }
+    words[word_count++] = text.substr(start, i - start);
+  }
+
+  DateFields fields{1899, 12, 30, 0, 0, 0};
+  bool has_date = false;
+  bool has_time = false;
+  bool ok = word_count >= 1 && word_count <= 2;
+  for (int w = 0; ok && w < word_count; ++w) {
+    if (!has_date && ParseDate(words[w], &fields)) {
+      has_date = true;
+    } else if (!has_time && ParseTime(words[w], &fields)) {
+      has_time = true;
+    } else {
+      ok = false;
+    }
+  }
+  if (ok && (flags & kTimeValueOnly) != 0) {
+    fields.year = 1899;
+    fields.month = 12;
+    fields.day = 30;
+  }
+  if (ok && (flags & kDateValueOnly) != 0) fields.hour = fields.minute = fields.second = 0;
+  if (!ok || SetDateTime(fields.year, fields.month, fields.day, fields.hour, fields.minute,
+                         fields.second) != valid) {
+    m_dt = 0.0;
+    m_status = invalid;
+    return false;
+  }
+  return true;
+}
+
+#endif  // !NK_HAVE_MFC
