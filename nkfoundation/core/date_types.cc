@@ -4,33 +4,10 @@
 
 #include <cmath>
 #include <cstdio>
-#include <limits>
+
+#include "nkfoundation/core/local_time.h"
 
 namespace {
-
-// --- Local time through the C runtime ---------------------------------------
-
-bool ToLocalTm(std::int64_t seconds, std::tm* out) {
-#if defined(_WIN32)
-  const __time64_t time = seconds;
-  return _localtime64_s(out, &time) == 0;
-#else
-  if (seconds < std::numeric_limits<std::time_t>::min() ||
-      seconds > std::numeric_limits<std::time_t>::max()) {
-    return false;
-  }
-  const std::time_t time = static_cast<std::time_t>(seconds);
-  return localtime_r(&time, out) != nullptr;
-#endif
-}
-
-std::int64_t FromLocalTm(std::tm* fields) {
-#if defined(_WIN32)
-  return _mktime64(fields);
-#else
-  return std::mktime(fields);
-#endif
-}
 
 // --- The proleptic Gregorian calendar ---------------------------------------
 
@@ -187,10 +164,10 @@ CTime::CTime(int year, int month, int day, int hour, int minute, int second, int
   fields.tm_min = minute;
   fields.tm_sec = second;
   fields.tm_isdst = dst;
-  m_time = FromLocalTm(&fields);
+  m_time = nk::local_time::FromFields(&fields);
 }
 
-std::tm* CTime::GetLocalTm(std::tm* out) const { return ToLocalTm(m_time, out) ? out : nullptr; }
+std::tm* CTime::GetLocalTm(std::tm* out) const { return nk::local_time::ToFields(m_time, out) ? out : nullptr; }
 
 int CTime::GetYear() const {
   std::tm fields;
