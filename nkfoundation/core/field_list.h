@@ -103,6 +103,23 @@ struct FieldCodec<std::array<std::uint8_t, N>> {
   }
 };
 
+// Byte buffers of variable length: u32 count, then the bytes. A count beyond
+// what the stream holds fails the read before anything is allocated.
+template <>
+struct FieldCodec<WritableCollection<std::uint8_t>> {
+  static std::uint64_t Size(const WritableCollection<std::uint8_t>& bytes) {
+    return 4 + static_cast<std::uint64_t>(bytes.GetCount());
+  }
+  static void Add(OByteStream& stream, const WritableCollection<std::uint8_t>& bytes) {
+    stream.AddUInt32(static_cast<std::uint32_t>(bytes.GetCount()));
+    stream.AddByteArray(bytes);
+  }
+  static bool Get(OByteStream& stream, WritableCollection<std::uint8_t>& bytes) {
+    std::uint32_t count = 0;
+    return stream.GetUInt32(count) && stream.GetByteArray(bytes, count);
+  }
+};
+
 // Nested objects held by value: their own whole frame, always read with
 // bInitialize true.
 template <class T>

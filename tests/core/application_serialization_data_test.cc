@@ -1,0 +1,74 @@
+#include "nkfoundation/core/application_serialization_data.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "tests/support/bytes.h"
+
+namespace {
+
+using nk::testing::Bytes;
+using nk::testing::Hex;
+
+// Identifier 7, the text "ab", three bytes of data with their count.
+const Bytes kFrame = Hex("1B000000 0032D0FE 07000000 08000000 0001CBFE 6100 6200"
+                         "03000000 010203");
+
+OType_ApplicationSerializationData MakeData() {
+  OType_ApplicationSerializationData data;
+  data.m_iApplicationID = 7;
+  data.m_oApplication_Info = u"ab";
+  for (std::uint8_t byte : {1, 2, 3}) data.m_oApplication_Data.Add(byte);
+  return data;
+}
+
+TEST(ApplicationSerializationDataTest, DataTravelsAsCountAndBytes) {
+  OType_ApplicationSerializationData data = MakeData();
+  EXPECT_EQ(data.GetObjectSize(), 31u);
+  EXPECT_EQ(nk::testing::Serialize(data), kFrame);
+
+  OType_ApplicationSerializationData empty;
+  EXPECT_EQ(nk::testing::Serialize(empty),
+            Hex("14000000 0032D0FE 00000000 04000000 0001CBFE 00000000"));
+
+  OType_ApplicationSerializationData read;
+  auto stream = nk::testing::StreamOf(kFrame);
+  ASSERT_TRUE(read.GetObjectData(stream, true));
+  EXPECT_EQ(nk::testing::Serialize(read), kFrame);
+  std::unique_ptr<OType_ApplicationSerializationData> copy(read.opCreateCopy());
+  EXPECT_EQ(nk::testing::Serialize(*copy), kFrame);
+}
+
+TEST(ApplicationSerializationDataTest, ShortPayloadResetsOnlyWhenInitializing) {
+  const Bytes older = Hex("0C000000 0032D0FE 09000000 04000000");
+  for (bool initialize : {false, true}) {
+    OType_ApplicationSerializationData data = MakeData();
+    auto stream = nk::testing::StreamOf(older);
+    ASSERT_TRUE(data.GetObjectData(stream, initialize));
+    EXPECT_EQ(data.m_iApplicationID, initialize ? 0 : 7);
+    EXPECT_EQ(data.m_oApplication_Data.GetCount(), initialize ? 0 : 3);
+    EXPECT_EQ(data.m_oApplication_Info, initialize ? u"" : u"ab");
+    EXPECT_EQ(data.m_oUserData.GetCount(), 8);
+  }
+}
+
+TEST(ApplicationSerializationDataTest, NewerLayoutRoundTripsItsTail) {
+  Bytes newer = kFrame;
+  newer[0] += 1;
+  newer.push_back(0x5A);
+  OType_ApplicationSerializationData data;
+  auto stream = nk::testing::StreamOf(newer);
+  ASSERT_TRUE(data.GetObjectData(stream, true));
+  EXPECT_EQ(nk::testing::Serialize(data), newer);
+}
+
+TEST(ApplicationSerializationDataTest, ByteCountBeyondTheStreamFails) {
+  const Bytes damaged = Hex("14000000 0032D0FE 07000000 04000000 0001CBFE FF000000");
+  OType_ApplicationSerializationData data;
+  auto stream = nk::testing::StreamOf(damaged);
+  EXPECT_FALSE(data.GetObjectData(stream, true));
+  EXPECT_EQ(stream.GetPosition(), damaged.size());
+}
+
+}  // namespace

@@ -1,0 +1,52 @@
+#include "nkfoundation/core/uuid.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+TEST(UuidTest, PartsReadBackTheBytesInMachineOrder) {
+  const Uuid uuid(-2, -3, 0x1234, 1, 2, 3, 4, 5, 6, 7, -8);
+  EXPECT_EQ(uuid.A(), -2);
+  EXPECT_EQ(uuid.B(), -3);
+  EXPECT_EQ(uuid.C(), 0x1234);
+  EXPECT_EQ(uuid.D(), 1);
+  EXPECT_EQ(uuid.K(), -8);
+  EXPECT_EQ(Uuid(uuid.Data()), uuid);
+  EXPECT_EQ(Uuid(uuid.Data().data(), 16), uuid);
+}
+
+TEST(UuidTest, ShortInputIsPaddedWithZeros) {
+  const signed char bytes[] = {9, 8};
+  const Uuid uuid(bytes, 2);
+  EXPECT_EQ(uuid.Data()[0], 9);
+  EXPECT_EQ(uuid.Data()[1], 8);
+  EXPECT_EQ(uuid.Data()[2], 0);
+  EXPECT_FALSE(uuid.Equals(*Uuid::Empty()));
+}
+
+TEST(UuidTest, EmptyIsAllZeroAndShared) {
+  EXPECT_EQ(*Uuid::Empty(), Uuid(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+  EXPECT_EQ(Uuid::Empty().get(), Uuid::Empty().get());
+}
+
+TEST(UuidTest, RandomIdentifiersDiffer) {
+  const auto first = Uuid::Random();
+  const auto second = Uuid::Random();
+  EXPECT_FALSE(Uuid::Equals(*first, *second));
+}
+
+TEST(UuidTest, TextShowsHexNumbersThenRawCharacters) {
+  // Negative parts print in their own width; D to K are characters.
+  const Uuid uuid(-1, -2, 0xab, 'G', 'h', '0', ' ', 'x', 'y', 'z', '!');
+  EXPECT_EQ(uuid.ToUtf8String(), "ffffffff-fffe-ab-Gh-0 xyz!");
+  EXPECT_EQ(uuid.ToUtf16String(), u"ffffffff-fffe-ab-Gh-0 xyz!");
+
+  const Uuid with_raw_bytes(0x1a2b3c, 0, 0, 0, -1, 0, 0, 0, 0, 0, 0);
+  const std::string text = with_raw_bytes.ToUtf8String();
+  EXPECT_EQ(text, std::string("1a2b3c-0-0-\0\xff-\0\0\0\0\0\0", 20));
+  EXPECT_EQ(with_raw_bytes.ToUtf16String()[12], u'\u00ff');
+}
+
+}  // namespace
