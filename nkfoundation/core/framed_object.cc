@@ -47,7 +47,7 @@ bool AFramedObject::GetObjectData(OByteStream& stream, bool bInitialize) {
   if (rules.reports_progress) stream.UpdateProgressCtrl();
   if (!rules.keeps_tail) return stream.SetPosition(end);
 
-  m_oUserData.RemoveAll();
+  if (rules.empties_tail) m_oUserData.RemoveAll();
   if (end > position) stream.GetByteArray(m_oUserData, end - position);
   // Fields that ran past the frame (a string longer than its object) are
   // answered by moving back to where the object ends.

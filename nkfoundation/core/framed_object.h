@@ -28,6 +28,10 @@ struct FrameRules {
   bool reports_progress = true;
   // Arrays: whether an element that fails to read makes the read fail.
   bool reports_bad_element = true;
+  // Whether reading empties the tail before taking the surplus bytes. When
+  // false, a frame without surplus leaves the old tail in place; only bytes
+  // that are read replace it.
+  bool empties_tail = true;
 };
 
 // What reading a frame's fields came to.

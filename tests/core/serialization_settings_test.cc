@@ -1,0 +1,122 @@
+#include "nkfoundation/core/serialization_settings.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/bytes.h"
+
+namespace {
+
+using nk::testing::Bytes;
+using nk::testing::Hex;
+using Settings = OType_ObjectSerializationSettings;
+
+// The 24 switches of a set as "1"/"0" in declaration order.
+std::string SwitchText(const Settings& settings) {
+  std::string text;
+  for (const Settings::Switch& entry : Settings::Switches()) {
+    text += settings.*entry.member ? '1' : '0';
+  }
+  return text;
+}
+
+TEST(SerializationSettingsTest, PredefinedSetsSwitchTheirGroups) {
+  struct Case {
+    const Settings& settings;
+    Settings::PreDefinedSettings value;
+    const char* switches;
+  } const kCases[] = {
+      {Settings::All(), Settings::PreDefinedSettings::All, "111111111111111111111111"},
+      {Settings::FrontEndJobData(), Settings::PreDefinedSettings::FrontEndJobData,
+       "111101111111111111111111"},
+      {Settings::UndoRedo(), Settings::PreDefinedSettings::UndoRedo, "111100001111111110000011"},
+      {Settings::PartialJobDataUpdate(), Settings::PreDefinedSettings::PartialJobDataUpdate,
+       "000000000000000001111110"},
+      {Settings::SendReceiveCameraSettings(),
+       Settings::PreDefinedSettings::SendReceiveCameraSettings, "000000000000000000000010"},
+      {Settings::DeviceJobData(), Settings::PreDefinedSettings::DeviceJobData,
+       "000000001111111100000010"},
+      {Settings::PartFileLogger(), Settings::PreDefinedSettings::PartFileLogger,
+       "000000000000000001111110"},
+      {Settings::None(), Settings::PreDefinedSettings::None, "000000000000000000000000"},
+      {Settings::SyncJobWithoutDataLoss(), Settings::PreDefinedSettings::SyncJobWithoutDataLoss,
+       "000000001111111100000010"},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_EQ(SwitchText(c.settings), c.switches);
+    EXPECT_EQ(SwitchText(Settings(c.value)), c.switches);
+    EXPECT_EQ(c.settings.m_eObjectSize_PrecalculationSettings, 0);
+  }
+  EXPECT_EQ(SwitchText(Settings(static_cast<Settings::PreDefinedSettings>(9))), SwitchText(Settings()));
+  EXPECT_EQ(&Settings::All(), &Settings::All());
+  EXPECT_EQ(Settings::All().ThisPtr().get(), &Settings::All());
+}
+
+TEST(SerializationSettingsTest, WrittenFrameIsSixBytesShorterThanAnnounced) {
+  Settings all(Settings::PreDefinedSettings::All);
+  all.m_oUserData.Add(0xEE);
+  EXPECT_EQ(all.GetObjectSize(), 35u);
+  EXPECT_EQ(nk::testing::Serialize(all),
+            Hex("1F000000 0054D0FE 0101010101010101010101010101010101010101 EE"));
+}
+
+TEST(SerializationSettingsTest, ReadsTwentySwitchesFromEighteenBytesOn) {
+  // Switch 5 on, switch 24 on, the rest off; two newer bytes follow.
+  const Bytes newer = Hex("1A000000 0054D0FE 0100000000000000000000000000000000000001 ABCD");
+  Settings settings(Settings::PreDefinedSettings::All);
+  auto stream = nk::testing::StreamOf(newer);
+  ASSERT_TRUE(settings.GetObjectData(stream, false));
+  EXPECT_EQ(SwitchText(settings), "111110000000000000000001");
+  EXPECT_EQ(settings.m_oUserData.GetCount(), 2);
+
+  // A payload of 17 bytes reads no switch.
+  const Bytes older = Hex("15000000 0054D0FE 0000000000000000000000000000000000");
+  for (bool initialize : {false, true}) {
+    Settings kept(Settings::PreDefinedSettings::All);
+    kept.SetObjectSize_Precalculation(static_cast<Settings::ObjectSize_Precalculation>(3));
+    auto older_stream = nk::testing::StreamOf(older);
+    ASSERT_TRUE(kept.GetObjectData(older_stream, initialize));
+    EXPECT_EQ(SwitchText(kept), initialize ? std::string(24, '0') : std::string(24, '1'));
+    EXPECT_EQ(kept.GetObjectSize_Precalculation(), initialize ? 0 : 3);
+  }
+}
+
+TEST(SerializationSettingsTest, FrameWithoutSurplusKeepsTheOldTail) {
+  Settings settings;
+  settings.m_oUserData.Add(0x42);
+  auto exact = nk::testing::StreamOf(Hex("18000000 0054D0FE 0000000000000000000000000000000000000000"));
+  ASSERT_TRUE(settings.GetObjectData(exact, true));
+  EXPECT_EQ(settings.m_oUserData.GetCount(), 1);
+}
+
+TEST(SerializationSettingsTest, PayloadOfEighteenReadsPastItsEndAndReturns) {
+  // The last two switches come from the bytes after the frame.
+  const Bytes bytes = Hex("16000000 0054D0FE 000000000000000000000000000000000000 0101");
+  Settings settings;
+  auto stream = nk::testing::StreamOf(bytes);
+  ASSERT_TRUE(settings.GetObjectData(stream, true));
+  EXPECT_TRUE(settings.m_serialize_Camera_ReferenceImage);
+  EXPECT_EQ(stream.GetPosition(), 26u);
+}
+
+TEST(SerializationSettingsTest, CopiesCarryOnlyTheTravellingSwitchesAndTheTail) {
+  Settings source(Settings::PreDefinedSettings::All);
+  source.m_oUserData.Add(0x11);
+  auto target = std::make_shared<Settings>();
+  target->SetObjectSize_Precalculation(static_cast<Settings::ObjectSize_Precalculation>(2));
+  target->m_oUserData.Add(0x22);
+  source.CopyTo(target);
+  EXPECT_EQ(SwitchText(*target), "000011111111111111111111");
+  EXPECT_EQ(target->GetObjectSize_Precalculation(), 2);
+  ASSERT_EQ(target->m_oUserData.GetCount(), 1);
+  EXPECT_EQ(target->m_oUserData[0], 0x11);
+
+  const auto copy = Settings::None().CreateCopy();
+  EXPECT_EQ(copy->ThisPtr(), copy);
+  source.CopyTo(nullptr);
+  Settings unowned;
+  EXPECT_EQ(unowned.ThisPtr(), nullptr);
+}
+
+}  // namespace
