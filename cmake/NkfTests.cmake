@@ -1,0 +1,44 @@
+# One GoogleTest executable per folder: tests/<subsystem>/*_test.cc builds
+# nkfoundation_<subsystem>_tests. tests/support/*.cc, if any, is a helper
+# library linked into each of them.
+include(NkfGoogleTest)
+include(GoogleTest)
+
+# Tests reach the shared image corpus beside the repository and their own data.
+get_filename_component(NKF_CORPUS_DIR "${PROJECT_SOURCE_DIR}/../shared/corpus" ABSOLUTE)
+set(NKF_TEST_DATA_DIR "${PROJECT_SOURCE_DIR}/tests/data")
+
+file(GLOB _nkf_support_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cc")
+if(_nkf_support_sources)
+  add_library(nkfoundation_test_support STATIC ${_nkf_support_sources})
+  nkf_set_warnings(nkfoundation_test_support)
+  set(_nkf_scope PUBLIC)
+else()
+  add_library(nkfoundation_test_support INTERFACE)
+  set(_nkf_scope INTERFACE)
+endif()
+target_include_directories(nkfoundation_test_support ${_nkf_scope}
+  "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/tests")
+target_compile_definitions(nkfoundation_test_support ${_nkf_scope}
+  "NKF_CORPUS_DIR=\"${NKF_CORPUS_DIR}\""
+  "NKF_TEST_DATA_DIR=\"${NKF_TEST_DATA_DIR}\"")
+target_link_libraries(nkfoundation_test_support ${_nkf_scope}
+  nkfoundation GTest::gtest GTest::gmock GTest::gtest_main)
+
+file(GLOB _nkf_test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*/*_test.cc")
+set(_nkf_test_folders "")
+foreach(source IN LISTS _nkf_test_sources)
+  get_filename_component(folder "${source}" DIRECTORY)
+  get_filename_component(subsystem "${folder}" NAME)
+  list(APPEND _nkf_test_folders ${subsystem})
+  list(APPEND _nkf_tests_of_${subsystem} "${source}")
+endforeach()
+list(REMOVE_DUPLICATES _nkf_test_folders)
+
+foreach(subsystem IN LISTS _nkf_test_folders)
+  set(target nkfoundation_${subsystem}_tests)
+  add_executable(${target} ${_nkf_tests_of_${subsystem}})
+  target_link_libraries(${target} PRIVATE nkfoundation_test_support)
+  nkf_set_warnings(${target})
+  nkf_register_tests(${target})
+endforeach()
