@@ -74,7 +74,7 @@ constexpr bool kPredefined[][std::size(kGroups)] = {
 
 constexpr nk::FrameRules kFrame{
     .id = nk::object_id::kObjectSerializationSettings,
-    .min_payload = 18,
+    .min_payload = Settings::kMinimumPayload,
     .reports_progress = false,
     .empties_tail = false,
 };

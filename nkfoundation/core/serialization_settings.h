@@ -36,6 +36,10 @@ class OType_ObjectSerializationSettings
     ObjectSize_Precalculation_Default = 0,
   };
 
+  // The payload from which the travelling switches are read: two short of
+  // the 20 bytes they take, kept as it stands.
+  static constexpr std::uint64_t kMinimumPayload = 18;
+
   // One switch, for code that treats the switches alike.
   struct Switch {
     const char* name;
@@ -115,9 +119,8 @@ class OType_ObjectSerializationSettings
   // signature and does not change what is reset.
   virtual void InitializeMembers(bool bInitialize);
 
-  // The travelling switches, one byte each. Reading them needs a payload of
-  // 18 bytes, so a frame of 18 or 19 reads past its end and then returns
-  // to it. No progress step is reported either way.
+  // The travelling switches, one byte each. A frame of 18 or 19 bytes reads
+  // past its end and then returns to it. No progress step is reported.
   const nk::FrameRules& GetFrameRules() const override;
   std::uint64_t GetPayloadSize() const override;
   void AddFields(OByteStream& stream) override;
