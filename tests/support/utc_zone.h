@@ -27,11 +27,7 @@ class UtcZoneTest : public ::testing::Test {
     _putenv_s("TZ", zone ? zone : "");
     _tzset();
 #else
-    if (zone) {
-      setenv("TZ", zone, 1);
-    } else {
-      unsetenv("TZ");
-    }
+    zone ? setenv("TZ", zone, 1) : unsetenv("TZ");
     tzset();
 #endif
   }
