@@ -169,30 +169,23 @@ CTime::CTime(int year, int month, int day, int hour, int minute, int second, int
 
 std::tm* CTime::GetLocalTm(std::tm* out) const { return nk::local_time::ToFields(m_time, out) ? out : nullptr; }
 
-int CTime::GetYear() const {
+namespace {
+
+// One local-time field of `time` (tm field plus `kOffset`), or 0.
+template <int std::tm::*kField, int kOffset = 0>
+int LocalField(const CTime& time) {
   std::tm fields;
-  return GetLocalTm(&fields) ? fields.tm_year + 1900 : 0;
+  return time.GetLocalTm(&fields) ? fields.*kField + kOffset : 0;
 }
-int CTime::GetMonth() const {
-  std::tm fields;
-  return GetLocalTm(&fields) ? fields.tm_mon + 1 : 0;
-}
-int CTime::GetDay() const {
-  std::tm fields;
-  return GetLocalTm(&fields) ? fields.tm_mday : 0;
-}
-int CTime::GetHour() const {
-  std::tm fields;
-  return GetLocalTm(&fields) ? fields.tm_hour : 0;
-}
-int CTime::GetMinute() const {
-  std::tm fields;
-  return GetLocalTm(&fields) ? fields.tm_min : 0;
-}
-int CTime::GetSecond() const {
-  std::tm fields;
-  return GetLocalTm(&fields) ? fields.tm_sec : 0;
-}
+
+}  // namespace
+
+int CTime::GetYear() const { return LocalField<&std::tm::tm_year, 1900>(*this); }
+int CTime::GetMonth() const { return LocalField<&std::tm::tm_mon, 1>(*this); }
+int CTime::GetDay() const { return LocalField<&std::tm::tm_mday>(*this); }
+int CTime::GetHour() const { return LocalField<&std::tm::tm_hour>(*this); }
+int CTime::GetMinute() const { return LocalField<&std::tm::tm_min>(*this); }
+int CTime::GetSecond() const { return LocalField<&std::tm::tm_sec>(*this); }
 
 // --- COleDateTime ----------------------------------------------------------
 

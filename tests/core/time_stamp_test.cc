@@ -86,6 +86,7 @@ TEST_F(TimeStampLocalTest, PlatformDatesConvertOrGiveTheDefaults) {
   time.SetTime(CTime(1'152'969'255));  // 2006-07-15 13:14:15
   EXPECT_EQ(time.m_iMonth, 7);
   EXPECT_EQ(time.GetTime().GetTime(), 1'152'969'255);
+  EXPECT_EQ(time.GetTime().GetYear() * 100 + time.GetTime().GetMonth(), 200607);
   time.SetOleTime(COleDateTime(2011, 12, 24, 18, 30, 5));
   EXPECT_EQ(time.GetOleTime(), COleDateTime(2011, 12, 24, 18, 30, 5));
   time.SetOleTime(COleDateTime(2011, 2, 30, 0, 0, 0));  // invalid
