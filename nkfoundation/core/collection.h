@@ -176,8 +176,14 @@ class Collection {
   // needed (new slots default-constructed, empty for shared pointers).
   virtual void SetAtGrow(Index i, const T& value) {
     if (i < 0) return;
-    if (i >= GetCount()) elements_.resize(static_cast<std::size_t>(i) + 1);
-    elements_[static_cast<std::size_t>(i)] = value;
+    if (i < GetCount()) {
+      elements_[static_cast<std::size_t>(i)] = value;
+      return;
+    }
+    // `value` may be one of our own elements, which growing would move.
+    T copy(value);
+    elements_.resize(static_cast<std::size_t>(i) + 1);
+    elements_[static_cast<std::size_t>(i)] = std::move(copy);
   }
 
   // Grows the capacity; raises std::length_error beyond the element type's
