@@ -1,9 +1,26 @@
 # GoogleTest and the way its executables become CTest tests.
 #
 # Natively the distribution's prebuilt package is used and every test case is
-# its own CTest test.
-find_package(GTest REQUIRED)
+# its own CTest test. Cross builds compile GoogleTest from the distribution's
+# sources (there is no MinGW package) and register one CTest test per
+# executable: under Wine each test process costs a Wine start.
+if(NOT CMAKE_CROSSCOMPILING)
+  find_package(GTest REQUIRED)
+  function(nkf_register_tests target)
+    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST)
+  endfunction()
+  return()
+endif()
+
+set(NKF_GOOGLETEST_SOURCE_DIR /usr/src/googletest CACHE PATH "GoogleTest sources for cross builds")
+# Static whatever the library is, and kept out of our installation.
+set(BUILD_SHARED_LIBS OFF)
+set(INSTALL_GTEST OFF)
+add_subdirectory(${NKF_GOOGLETEST_SOURCE_DIR} googletest EXCLUDE_FROM_ALL SYSTEM)
+set(BUILD_SHARED_LIBS ${NKF_SHARED})
+# It defines the same GTest:: targets as the package.
 
 function(nkf_register_tests target)
-  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST)
+  add_test(NAME ${target} COMMAND ${target})
+  nkf_use_wine(${target})
 endfunction()

@@ -11,13 +11,36 @@ foreach(subsystem IN LISTS NKF_SUBSYSTEMS)
 endforeach()
 file(GLOB NKF_LIBRARY_SOURCES CONFIGURE_DEPENDS ${_nkf_patterns})
 
-add_library(nkfoundation ${NKF_LIBRARY_SOURCES})
+# What every target made of the library's sources needs.
+function(nkf_library_usage target scope)
+  target_include_directories(${target} ${scope}
+    "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
+    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+  target_compile_features(${target} ${scope} cxx_std_20)
+endfunction()
+
+# Compiled once, packed into the library and, on Windows, also into a static
+# twin (see below).
+add_library(nkfoundation_objects OBJECT ${NKF_LIBRARY_SOURCES})
+set_target_properties(nkfoundation_objects PROPERTIES POSITION_INDEPENDENT_CODE ${NKF_SHARED})
+nkf_library_usage(nkfoundation_objects PUBLIC)
+nkf_set_warnings(nkfoundation_objects)
+target_link_libraries(nkfoundation_objects PRIVATE nkf_utfcpp)
+
+add_library(nkfoundation $<TARGET_OBJECTS:nkfoundation_objects>)
 add_library(NkFoundation::nkfoundation ALIAS nkfoundation)
-target_include_directories(nkfoundation PUBLIC
-  "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
-  "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
-target_compile_features(nkfoundation PUBLIC cxx_std_20)
+nkf_library_usage(nkfoundation PUBLIC)
 set_target_properties(nkfoundation PROPERTIES
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR})
-nkf_set_warnings(nkfoundation)
+
+# The library the project's own executables link. On Windows they link the
+# static twin rather than the DLL: with static libgcc, i686 DWARF-2 exceptions
+# cannot unwind from the DLL into an executable (docs/build.md).
+set(NKF_LINK_LIBRARY nkfoundation)
+if(WIN32 AND NKF_SHARED)
+  include(NkfWindowsDll)
+  add_library(nkfoundation_static STATIC $<TARGET_OBJECTS:nkfoundation_objects>)
+  nkf_library_usage(nkfoundation_static PUBLIC)
+  set(NKF_LINK_LIBRARY nkfoundation_static)
+endif()

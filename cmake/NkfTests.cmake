@@ -23,7 +23,7 @@ target_compile_definitions(nkfoundation_test_support ${_nkf_scope}
   "NKF_CORPUS_DIR=\"${NKF_CORPUS_DIR}\""
   "NKF_TEST_DATA_DIR=\"${NKF_TEST_DATA_DIR}\"")
 target_link_libraries(nkfoundation_test_support ${_nkf_scope}
-  nkfoundation GTest::gtest GTest::gmock GTest::gtest_main)
+  ${NKF_LINK_LIBRARY} GTest::gtest GTest::gmock GTest::gtest_main)
 
 file(GLOB _nkf_test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*/*_test.cc")
 set(_nkf_test_folders "")
