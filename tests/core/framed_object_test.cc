@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/bytes.h"
+#include "tests/support/counting_progress.h"
 #include "tests/support/framed_test_objects.h"
 
 namespace nk::testing {
@@ -99,6 +100,17 @@ TEST(FramedObjectTest, ReadingEndsAtTheFrameEvenWhenFieldsDoNot) {
   auto overrun = StreamOf(point);
   EXPECT_TRUE(TestPoint().GetObjectData(overrun, true));
   EXPECT_EQ(overrun.GetPosition(), kPoint.size() - 4);
+}
+
+// A display attached to the stream advances once per frame, nested ones too.
+TEST(FramedObjectTest, ProgressAdvancesOncePerFrameWrittenOrRead) {
+  CountingProgress progress;
+  OByteStream_Memory stream;
+  stream.SetProgressCtrl(&progress);
+  TestShape().AddObjectData(stream);
+  EXPECT_EQ(progress.steps, 2);
+  EXPECT_TRUE(TestShape().GetObjectData(stream, true));
+  EXPECT_EQ(progress.steps, 4);
 }
 
 }  // namespace
