@@ -21,7 +21,8 @@ constexpr std::array kClasses = {
     ObjectClassInfo{kCompatibility, "OType_Compatibility", FrameKind::kObject, 0},
     ObjectClassInfo{kDeviceInfoArray, "OType_DeviceInfoArray", FrameKind::kObjectArray, 0},
     ObjectClassInfo{kDeviceInfo, "OType_DeviceInfo", FrameKind::kObject, 0},
-    ObjectClassInfo{kProcessingTimeArray, "OType_ProcessingTimeArray", FrameKind::kObjectArray, 0},
+    // The acquisition part number (u32) precedes the count.
+    ObjectClassInfo{kProcessingTimeArray, "OType_ProcessingTimeArray", FrameKind::kObjectArray, 4},
     ObjectClassInfo{kProcessingTime, "OType_ProcessingTime", FrameKind::kObject, 0},
     ObjectClassInfo{kVariant, "OType_Variant", FrameKind::kObject, 0},
     ObjectClassInfo{kVariantArray, "OType_VariantArray", FrameKind::kObjectArray, 0},
