@@ -1,7 +1,6 @@
 # NKF_TEST_INSTALL adds a test that installs this build and builds a consumer
 # project against it (cmake/NkfInstallCheck.cmake). Native builds only: the
 # consumer must run here.
-option(NKF_TEST_INSTALL "Test the installed package with a consumer project" OFF)
 if(NOT NKF_TEST_INSTALL OR CMAKE_CROSSCOMPILING)
   return()
 endif()
