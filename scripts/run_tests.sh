@@ -37,17 +37,17 @@ run_ctest() {
   return "$status"
 }
 
+# The build presets keep going past a failed target (ninja -k 0), and so do
+# the phases: what did build is still tested. The phase fails either way.
 build() {
   cmake --preset "$1" && cmake --build --preset "$1" --parallel "$jobs"
 }
 
-# The build presets keep going past a failed target (ninja -k 0), so tests
-# still run when one program does not build; the phase fails either way.
 suite() {
-  cmake --preset "$1" || return
-  local built=0
-  cmake --build --preset "$1" --parallel "$jobs" || built=$?
-  run_ctest "$1" && return "$built"
+  local status=0
+  build "$1" || status=$?
+  run_ctest "$1" || status=$?
+  return "$status"
 }
 
 phase_dev() { suite dev; }
@@ -55,16 +55,19 @@ phase_asan() { suite asan; }
 phase_win32() { suite win32; }
 phase_fuzz() {
   # The tests replay the seed corpora; then fuzz for the time given.
-  suite fuzz && scripts/run_fuzzers.sh build/fuzz "${NKF_FUZZ_SECONDS:-60}"
+  local status=0
+  suite fuzz || status=$?
+  scripts/run_fuzzers.sh build/fuzz "${NKF_FUZZ_SECONDS:-60}" || status=$?
+  return "$status"
 }
 phase_bench() {
   # Only that they run: a minimal time per benchmark, no numbers worth keeping.
-  build release || return
+  local status=0
+  build release || status=$?
   if [[ -x build/release/nkfoundation_bench ]]; then
-    build/release/nkfoundation_bench --benchmark_min_time=0.01
-  else
-    echo "no benchmarks yet"
+    build/release/nkfoundation_bench --benchmark_min_time=0.01 || status=$?
   fi
+  return "$status"
 }
 
 run_phase() {
