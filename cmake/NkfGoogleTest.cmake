@@ -6,6 +6,7 @@
 # executable: under Wine each test process costs a Wine start.
 if(NOT CMAKE_CROSSCOMPILING)
   find_package(GTest REQUIRED)
+  include(GoogleTest)
   function(nkf_register_tests target)
     gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST)
   endfunction()
@@ -13,12 +14,12 @@ if(NOT CMAKE_CROSSCOMPILING)
 endif()
 
 set(NKF_GOOGLETEST_SOURCE_DIR /usr/src/googletest CACHE PATH "GoogleTest sources for cross builds")
-# Static whatever the library is, and kept out of our installation.
+# Static whatever the library is, and kept out of our installation. It
+# defines the same GTest:: targets as the package.
 set(BUILD_SHARED_LIBS OFF)
 set(INSTALL_GTEST OFF)
 add_subdirectory(${NKF_GOOGLETEST_SOURCE_DIR} googletest EXCLUDE_FROM_ALL SYSTEM)
 set(BUILD_SHARED_LIBS ${NKF_SHARED})
-# It defines the same GTest:: targets as the package.
 
 function(nkf_register_tests target)
   add_test(NAME ${target} COMMAND ${target})

@@ -2,7 +2,6 @@
 # nkfoundation_<subsystem>_tests. tests/support/*.cc, if any, is a helper
 # library linked into each of them.
 include(NkfGoogleTest)
-include(GoogleTest)
 
 # Tests reach the shared image corpus beside the repository and their own data.
 get_filename_component(NKF_CORPUS_DIR "${PROJECT_SOURCE_DIR}/../shared/corpus" ABSOLUTE)
