@@ -1,0 +1,480 @@
+#include "nkfoundation/services/compress.h"
+
+#include <algorithm>
+#include <atomic>
+#include <bit>
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+
+#include "nkfoundation/services/wait_cursor.h"
+
+namespace {
+
+constexpr int kRingWords = 8192;
+constexpr int kRingMask = kRingWords - 1;
+constexpr int kRingBytes = 2 * kRingWords;
+constexpr int kStagingBytes = 1024;
+constexpr int kTableEntries = 32768;
+constexpr int kMatchTableCount = 14;  // one per length 2..15
+
+// A match source lies less than this many words back.
+constexpr int kWindowWords = 4096;
+// The encoder reads the next block while fewer words than this lie ahead.
+constexpr int kReloadBelowWords = 2048;
+constexpr int kReloadBytes = 4096;
+// The decoder hands words on in blocks once this many are held back.
+constexpr int kHeldBackWords = 6144;
+constexpr int kFlushWords = 2048;
+constexpr int kOutputGrowth = 40000;
+
+// Appended to a source of odd length so that it splits into words; the
+// decoder strips it again from any result of at least kTrailerMinResult bytes.
+constexpr unsigned char kTrailer[] = {0x00, 0xFA, 0xEB, 0xDC, 0xCD, 0xBE, 0xAF};
+constexpr int kTrailerBytes = static_cast<int>(sizeof kTrailer);
+constexpr int kTrailerMinResult = 9;
+
+constexpr std::uint16_t kHashTable[256] = {
+    0xEB, 0x2E, 0x90, 0x19, 0x3A, 0x9B, 0xFA, 0x77, 0xAB, 0x5D, 0x55, 0xA2, 0x8A, 0x68, 0x4F, 0x1E,
+    0xA0, 0x63, 0xE5, 0x93, 0xC4, 0x34, 0xF4, 0xD4, 0x47, 0x5A, 0x79, 0x04, 0xBC, 0x85, 0x9E, 0xD9,
+    0xA6, 0x12, 0x8D, 0xC1, 0x02, 0xD0, 0x2B, 0x74, 0x49, 0xE7, 0xB3, 0x61, 0x17, 0x6C, 0xBF, 0x6E,
+    0x27, 0xD7, 0x66, 0x0B, 0x58, 0xAE, 0xDF, 0x06, 0x32, 0xF9, 0x52, 0xD2, 0x95, 0x42, 0x7C, 0x50,
+    0xC3, 0x88, 0x26, 0xA8, 0xFD, 0x8E, 0x40, 0xF7, 0x71, 0x2D, 0x15, 0x6A, 0xCF, 0x99, 0x7A, 0x20,
+    0xA5, 0x09, 0x5F, 0xDA, 0xF2, 0x97, 0x82, 0xC7, 0x11, 0x3D, 0x76, 0xB6, 0x29, 0x4D, 0xF1, 0xB1,
+    0x31, 0x9D, 0xEE, 0x5B, 0x22, 0x81, 0x24, 0xB8, 0xCC, 0x7D, 0x01, 0x54, 0xDC, 0x84, 0x0D, 0x7F,
+    0xA9, 0x70, 0xE2, 0xB4, 0xE9, 0xBA, 0xFF, 0x1C, 0xC9, 0x92, 0x4B, 0xC6, 0xDE, 0x08, 0x3E, 0xD5,
+    0x8C, 0xCE, 0x5E, 0xE4, 0x10, 0xA3, 0xE6, 0x33, 0xC2, 0x73, 0xE1, 0x36, 0x94, 0xF6, 0x28, 0x62,
+    0xAD, 0x0E, 0xEC, 0x44, 0xFB, 0x65, 0x87, 0x98, 0x3C, 0x9C, 0x1D, 0xC8, 0x56, 0xD9, 0x00, 0xEF,
+    0x51, 0xAF, 0x3B, 0xF3, 0x7E, 0x35, 0x75, 0xC0, 0x0C, 0xD6, 0x41, 0x9F, 0x1F, 0xBE, 0x39, 0xDB,
+    0x05, 0x86, 0x4E, 0xF8, 0xDD, 0x1B, 0x83, 0x59, 0x2A, 0xB7, 0xEA, 0xA4, 0x5D, 0xBB, 0x46, 0xCB,
+    0x0A, 0x6D, 0x48, 0xF5, 0x38, 0xB0, 0x18, 0xD3, 0x30, 0xB2, 0x07, 0xFE, 0x78, 0x21, 0xA1, 0x37,
+    0x69, 0xD1, 0x16, 0x80, 0xB5, 0x0F, 0x9A, 0x45, 0xE8, 0x2C, 0x5C, 0x4C, 0x91, 0x13, 0xE0, 0x64,
+    0x8B, 0xD8, 0x03, 0xFC, 0x53, 0xCD, 0xBD, 0x23, 0xAA, 0x1A, 0x6F, 0x67, 0x43, 0x96, 0xA7, 0x4A,
+    0x89, 0xF0, 0x2F, 0x7B, 0x3F, 0xED, 0xAC, 0x57, 0x72, 0x25, 0x14, 0xCA, 0xC5, 0x8F, 0xB9, 0x00,
+};
+
+// g(h, b): one byte of the string hash; h stays a 15-bit value.
+inline std::uint16_t HashByte(std::uint16_t h, std::uint8_t b) {
+  return static_cast<std::uint16_t>(((h << 4) ^ kHashTable[(h >> 7) ^ b]) & 0x7FFF);
+}
+
+inline std::uint16_t LoadWord(const std::uint8_t* ring, std::int32_t index) {
+  const std::uint8_t* p = ring + 2 * (index & kRingMask);
+  return static_cast<std::uint16_t>(p[0] | p[1] << 8);
+}
+
+inline void StoreWord(std::uint8_t* ring, std::int32_t index, std::uint16_t word) {
+  std::uint8_t* p = ring + 2 * (index & kRingMask);
+  p[0] = static_cast<std::uint8_t>(word);
+  p[1] = static_cast<std::uint8_t>(word >> 8);
+}
+
+// The 14 match tables of one compression (1.8 MB). Allocating and clearing
+// them on every call would dominate small images, so the tables of a finished
+// call are kept for the next. Rather than being cleared, each call stores
+// positions offset by a base that lies above every offset position of earlier
+// calls by more than the window: old entries then fail the distance test just
+// as the "never seen" value -4096 does, and the output stays the same.
+struct MatchTables {
+  std::int32_t rows[kMatchTableCount * kTableEntries];
+  std::int32_t base;
+
+  void Clear() {
+    std::fill(std::begin(rows), std::end(rows), 0);
+    base = kWindowWords;  // so that a zero entry reads as -4096
+  }
+};
+
+// Keeps one set of tables between calls. Threads that compress at the same
+// time each get their own; only one set is kept.
+class MatchTablePool {
+ public:
+  ~MatchTablePool() { delete spare_.exchange(nullptr); }
+
+  std::unique_ptr<MatchTables> Take(std::int32_t words) {
+    std::unique_ptr<MatchTables> tables(spare_.exchange(nullptr));
+    if (!tables) {
+      tables = std::make_unique<MatchTables>();
+      tables->Clear();
+    } else if (tables->base > std::numeric_limits<std::int32_t>::max() - words) {
+      tables->Clear();
+    }
+    return tables;
+  }
+
+  void Return(std::unique_ptr<MatchTables> tables, std::int32_t words) {
+    const std::int64_t next = std::int64_t{tables->base} + words + kWindowWords;
+    tables->base = static_cast<std::int32_t>(
+        std::min<std::int64_t>(next, std::numeric_limits<std::int32_t>::max()));
+    MatchTables* empty = nullptr;
+    if (spare_.compare_exchange_strong(empty, tables.get())) tables.release();
+  }
+
+ private:
+  std::atomic<MatchTables*> spare_{nullptr};
+};
+
+MatchTablePool g_match_tables;
+
+// Gives the source back its own length on every way out of a compression.
+class SourceLengthGuard {
+ public:
+  explicit SourceLengthGuard(OCompress::Bytes& source)
+      : source_(source), count_(source.GetCount()) {}
+  ~SourceLengthGuard() { source_.SetSize(count_); }
+  SourceLengthGuard(const SourceLengthGuard&) = delete;
+  SourceLengthGuard& operator=(const SourceLengthGuard&) = delete;
+
+ private:
+  OCompress::Bytes& source_;
+  int count_;
+};
+
+}  // namespace
+
+OCompress::OCompress() = default;
+OCompress::~OCompress() = default;
+
+// --- Encoder --------------------------------------------------------------
+
+int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
+  nk::ScopedWaitCursor wait_cursor;
+  if (source.GetCount() <= 0) {
+    target.SetSize(0);
+    return 0;
+  }
+  SourceLengthGuard restore(source);
+  if (source.GetCount() % 2 != 0) {
+    for (unsigned char b : kTrailer) source.Add(b);
+  }
+  const std::int32_t words = source.GetCount() / 2;
+
+  const auto window = std::make_unique<std::uint8_t[]>(kRingBytes);
+  const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
+  std::unique_ptr<MatchTables> tables = g_match_tables.Take(words);
+  m_pWindow = window.get();
+  m_pOutStagingStart = m_pOutStagingCursor = staging.get();
+  for (int i = 0; i < kLengths; ++i) m_pMatchTables[i] = tables->rows + i * kTableEntries;
+  m_iTableBase = tables->base;
+  m_iPosition = m_iWindowStart = m_iLoadedWords = 0;
+  m_pInputData = source.GetData();
+  m_iInputCount = source.GetCount();
+  m_iInputReadPosition = 0;
+  BeginOutput(target, source.GetCount());
+
+  lz77();
+
+  EndOutput();
+  g_match_tables.Return(std::move(tables), words);
+  m_pWindow = m_pOutStagingStart = m_pOutStagingCursor = nullptr;
+  std::fill(std::begin(m_pMatchTables), std::end(m_pMatchTables), nullptr);
+  m_pInputData = nullptr;
+  return 1;
+}
+
+void OCompress::lz77() {
+  LoadWindow(kRingBytes);
+  calc_hash_inpos();
+  while (m_iLoadedWords > m_iPosition) {
+    int distance = 0;
+    int length = 0;
+    if (match(distance, length)) {
+      OUT_BIT(0);
+      OUT_BITS(static_cast<std::uint32_t>(distance), 12);
+      OUT_BITS(static_cast<std::uint32_t>(length), 4);
+      adjust_window(length);
+    } else {
+      OUT_BIT(1);
+      OUT_BITS(WordAt(m_iPosition), 16);
+      adjust_window(1);
+    }
+  }
+  OUT_LAST_CODE();
+}
+
+std::uint16_t OCompress::HASH_W(std::uint16_t h, std::uint16_t word) {
+  return HashByte(HashByte(h, static_cast<std::uint8_t>(word)),
+                  static_cast<std::uint8_t>(word >> 8));
+}
+
+std::uint16_t OCompress::HASH_STRING(std::int32_t pos, int len) const {
+  std::uint16_t h = 0;
+  for (int i = 0; i < len; ++i) h = HASH_W(h, WordAt(pos + i));
+  return h;
+}
+
+std::uint16_t OCompress::WordAt(std::int32_t pos) const { return LoadWord(m_pWindow, pos); }
+
+// Hashes of the strings of every length that start at the position. A string
+// that would run past the loaded words gets 0xFFFF and is never looked up.
+void OCompress::calc_hash_inpos() {
+  const std::int32_t ahead = m_iLoadedWords - m_iPosition;
+  if (ahead >= kMinLength) m_uiForwardHashes[0] = HASH_STRING(m_iPosition, kMinLength);
+  for (int len = kMinLength + 1; len <= kMaxLength; ++len) {
+    m_uiForwardHashes[len - kMinLength] =
+        len <= ahead ? HASH_W(m_uiForwardHashes[len - kMinLength - 1], WordAt(m_iPosition + len - 1))
+                     : 0xFFFF;
+  }
+}
+
+// Enters into the tables every string that ends at one of the next `n` words
+// and starts at or after the window start. The backward hashes roll: the hash
+// of the string of length len ending at e extends the hash of length len - 1
+// ending at e - 1, so lengths are updated from the longest down.
+void OCompress::calc_hash_backward(int n) {
+  std::uint16_t* const hashes = m_uiBackwardHashes;
+  for (std::int32_t e = m_iPosition; e < m_iPosition + n; ++e) {
+    const std::int32_t words_in_window = e - m_iWindowStart + 1;
+    if (words_in_window < kMinLength) continue;
+    const int longest = static_cast<int>(std::min<std::int32_t>(words_in_window, kMaxLength));
+    const std::uint16_t word = WordAt(e);
+    for (int len = longest; len > kMinLength; --len) {
+      hashes[len - kMinLength] = HASH_W(hashes[len - kMinLength - 1], word);
+      m_pMatchTables[len - kMinLength][hashes[len - kMinLength]] = e - len + 1 + m_iTableBase;
+    }
+    hashes[0] = HASH_STRING(e - 1, kMinLength);
+    m_pMatchTables[0][hashes[0]] = e - 1 + m_iTableBase;
+  }
+}
+
+// Compares the `length` words at `candidate` with those at the position; both
+// spans may wrap around the ring's end.
+bool OCompress::verify_hash(std::int32_t candidate, int length) {
+  const std::int32_t a = candidate & kRingMask;
+  const std::int32_t b = m_iPosition & kRingMask;
+  bool equal = true;
+  if (a + length <= kRingWords && b + length <= kRingWords) {
+    equal = std::memcmp(m_pWindow + 2 * a, m_pWindow + 2 * b, 2 * static_cast<std::size_t>(length)) == 0;
+  } else {
+    for (int i = 0; i < length && equal; ++i) equal = WordAt(candidate + i) == WordAt(m_iPosition + i);
+  }
+  ++(equal ? m_iVerifiedCandidates : m_iRejectedCandidates);
+  return equal;
+}
+
+// The longest length whose remembered candidate lies within the window and
+// really repeats the words at the position.
+int OCompress::match(int& distance, int& length) {
+  const std::int32_t ahead = m_iLoadedWords - m_iPosition;
+  if (ahead < kMinLength) return 0;
+  for (int len = static_cast<int>(std::min<std::int32_t>(ahead, kMaxLength)); len >= kMinLength; --len) {
+    const std::int32_t candidate =
+        m_pMatchTables[len - kMinLength][m_uiForwardHashes[len - kMinLength]] - m_iTableBase;
+    if (std::int64_t{m_iPosition} - candidate < kWindowWords && verify_hash(candidate, len)) {
+      distance = m_iPosition - candidate;
+      length = len;
+      return 1;
+    }
+  }
+  return 0;
+}
+
+void OCompress::adjust_window(int n) {
+  calc_hash_backward(n);
+  m_iPosition += n;
+  if (m_iPosition - m_iWindowStart >= kWindowWords) m_iWindowStart = m_iPosition - kWindowWords;
+  if (m_iLoadedWords - m_iPosition < kReloadBelowWords) LoadWindow(kReloadBytes);
+  calc_hash_inpos();
+}
+
+// Copies up to `bytes` source bytes into the ring after the loaded words.
+// Until the source runs out every block is whole, so the loaded words stay a
+// multiple of the block and a block never wraps around the ring's end.
+void OCompress::LoadWindow(int bytes) {
+  const int read = iRead(m_pWindow + 2 * (m_iLoadedWords & kRingMask), bytes);
+  m_iLoadedWords += read / 2;
+}
+
+void OCompress::OUT_BIT(unsigned bit) { OUT_BITS(bit, 1); }
+
+// Bits fill the pending byte from the bit mask upwards; each completed byte
+// goes out.
+void OCompress::OUT_BITS(std::uint32_t value, int count) {
+  const int filled = std::countr_zero(m_uiBitMask);
+  std::uint32_t bits = (m_uiPendingByte & (m_uiBitMask - 1u)) |
+                       ((value & ((1u << count) - 1u)) << filled);
+  int pending = filled + count;
+  for (; pending >= 8; pending -= 8, bits >>= 8) write_output_byte(static_cast<std::uint8_t>(bits));
+  m_uiPendingByte = static_cast<std::uint8_t>(bits);
+  m_uiBitMask = static_cast<std::uint8_t>(1u << pending);
+}
+
+void OCompress::write_output_byte(std::uint8_t b) {
+  if (m_pOutStagingCursor - m_pOutStagingStart == kStagingBytes) {
+    iWrite(m_pOutStagingStart, kStagingBytes);
+    m_pOutStagingCursor = m_pOutStagingStart;
+  }
+  *m_pOutStagingCursor++ = b;
+}
+
+// The pending byte always goes out, even with no bit pending: the stream ends
+// with it.
+void OCompress::OUT_LAST_CODE() {
+  write_output_byte(m_uiPendingByte);
+  iWrite(m_pOutStagingStart, static_cast<int>(m_pOutStagingCursor - m_pOutStagingStart));
+  m_pOutStagingCursor = m_pOutStagingStart;
+}
+
+// --- Collection access ----------------------------------------------------
+
+int OCompress::iRead(std::uint8_t* buf, int n) {
+  const int count = std::min(n, m_iInputCount - m_iInputReadPosition);
+  if (count <= 0) return 0;
+  std::memcpy(buf, m_pInputData + m_iInputReadPosition, static_cast<std::size_t>(count));
+  m_iInputReadPosition += count;
+  return count;
+}
+
+int OCompress::iWrite(const std::uint8_t* buf, int n) {
+  while (m_iOutputSize - m_iOutputWritePosition < n) {
+    if (m_iOutputSize > std::numeric_limits<int>::max() - kOutputGrowth) {
+      throw std::length_error("OCompress: the result does not fit a byte collection");
+    }
+    m_iOutputSize += kOutputGrowth;
+    m_pOutputCollection->SetSize(m_iOutputSize);
+    m_pOutputData = m_pOutputCollection->GetData();
+  }
+  std::memcpy(m_pOutputData + m_iOutputWritePosition, buf, static_cast<std::size_t>(n));
+  m_iOutputWritePosition += n;
+  return n;
+}
+
+void OCompress::BeginOutput(Bytes& target, int initial_size) {
+  m_pOutputCollection = &target;
+  target.SetSize(initial_size);
+  m_pOutputData = target.GetData();
+  m_iOutputSize = initial_size;
+  m_iOutputWritePosition = 0;
+}
+
+void OCompress::EndOutput() {
+  m_pOutputCollection->SetSize(m_iOutputWritePosition);
+  m_pOutputCollection->FreeExtra();
+  m_pOutputCollection = nullptr;
+  m_pOutputData = nullptr;
+}
+
+// --- Decoder --------------------------------------------------------------
+
+int OCompress::iDeCompress_LZ77_Fast(Bytes& source, Bytes& target) {
+  nk::ScopedWaitCursor wait_cursor;
+  if (source.GetCount() <= 0) {
+    target.SetSize(0);
+    return 0;
+  }
+  const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
+  // Zeroed: a distance that reaches before the first word reads zeros.
+  const auto ring = std::make_unique<std::uint8_t[]>(kRingBytes);
+  m_pInStagingStart = m_pInStagingCursor = staging.get();
+  m_pOutputRing = ring.get();
+  m_iWindowStart = m_iOutputWords = 0;
+  m_pInputData = source.GetData();
+  m_iInputCount = source.GetCount();
+  m_iInputReadPosition = 0;
+  BeginOutput(target, static_cast<int>(std::min<std::int64_t>(
+                          std::int64_t{4} * source.GetCount(), std::numeric_limits<int>::max())));
+
+  un77();
+
+  EndOutput();
+  m_pInStagingStart = m_pInStagingCursor = nullptr;
+  m_pOutputRing = nullptr;
+  m_pInputData = nullptr;
+
+  const int count = target.GetCount();
+  if (count >= kTrailerMinResult &&
+      std::equal(std::begin(kTrailer), std::end(kTrailer), target.GetData() + count - kTrailerBytes)) {
+    target.RemoveAt(count - kTrailerBytes, kTrailerBytes);
+  }
+  return 1;
+}
+
+// Every token is 17 bits, so none can begin in the last byte: decoding stops
+// after the token during which the last byte was taken up. Bits past the end
+// read as zeros.
+void OCompress::un77() {
+  read_input_buffer();
+  m_iUnreadInputBytes = m_iInputCount;
+  read_next_byte();
+  while (m_iUnreadInputBytes > 0) {
+    if (IN_BIT()) {
+      OUT_WORD(static_cast<std::uint16_t>(IN_BITS(16)));
+    } else {
+      const int distance = static_cast<int>(IN_BITS(12));
+      const int length = static_cast<int>(IN_BITS(4));
+      OUT_STRING(distance, length);
+    }
+  }
+  write_output(m_iWindowStart, m_iOutputWords - m_iWindowStart);
+}
+
+void OCompress::read_input_buffer() {
+  iRead(m_pInStagingStart, kStagingBytes);
+  m_pInStagingCursor = m_pInStagingStart;
+}
+
+// Takes the next compressed byte as the current one; past the end the
+// current byte becomes 0.
+void OCompress::read_next_byte() {
+  if (m_iUnreadInputBytes == 0) {
+    m_uiCurrentByte = 0;
+    return;
+  }
+  if (m_pInStagingCursor - m_pInStagingStart == kStagingBytes) read_input_buffer();
+  m_uiCurrentByte = *m_pInStagingCursor++;
+  --m_iUnreadInputBytes;
+}
+
+// The next byte is taken as soon as bit 7 of the current one has been read.
+unsigned OCompress::IN_BIT() {
+  const unsigned bit = (m_uiCurrentByte & m_uiInputMask) != 0;
+  if (m_uiInputMask == 0x80) {
+    read_next_byte();
+    m_uiInputMask = 1;
+  } else {
+    m_uiInputMask = static_cast<std::uint8_t>(m_uiInputMask << 1);
+  }
+  return bit;
+}
+
+// `count` bits, least significant first; the same as `count` IN_BIT calls.
+std::uint32_t OCompress::IN_BITS(int count) {
+  const int used = std::countr_zero(m_uiInputMask);
+  std::uint32_t value = static_cast<std::uint32_t>(m_uiCurrentByte) >> used;
+  int have = 8 - used;
+  while (have <= count) {
+    read_next_byte();
+    value |= static_cast<std::uint32_t>(m_uiCurrentByte) << have;
+    have += 8;
+  }
+  m_uiInputMask = static_cast<std::uint8_t>(1u << (8 - (have - count)));
+  return value & ((1u << count) - 1u);
+}
+
+// Produced words wait in the ring so that matches can copy from them, and go
+// to the target 2048 at a time.
+void OCompress::OUT_WORD(std::uint16_t word) {
+  StoreWord(m_pOutputRing, m_iOutputWords++, word);
+  if (m_iOutputWords - m_iWindowStart > kHeldBackWords) {
+    write_output(m_iWindowStart, kFlushWords);
+    m_iWindowStart += kFlushWords;
+  }
+}
+
+// Word by word, so that a copy overlapping the words it produces repeats
+// them. Distances are not checked: 0 reads the ring slot about to be written,
+// and a distance before the first word reads the ring's zeros.
+void OCompress::OUT_STRING(int distance, int length) {
+  for (int i = 0; i < length; ++i) OUT_WORD(LoadWord(m_pOutputRing, m_iOutputWords - distance));
+}
+
+void OCompress::write_output(std::int32_t from, std::int32_t count) {
+  while (count > 0) {
+    const std::int32_t slot = from & kRingMask;
+    const std::int32_t piece = std::min(count, kRingWords - slot);
+    iWrite(m_pOutputRing + 2 * slot, 2 * piece);
+    from += piece;
+    count -= piece;
+  }
+}

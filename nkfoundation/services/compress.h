@@ -1,0 +1,123 @@
+// OCompress: the word-oriented LZ77 coder that stores image pixel data.
+#ifndef NKFOUNDATION_SERVICES_COMPRESS_H_
+#define NKFOUNDATION_SERVICES_COMPRESS_H_
+
+#include <cstdint>
+
+#include "nkfoundation/core/collection.h"
+
+// Matches and literals are 16-bit little-endian words, since grey-value and
+// colour rows repeat in pairs of bytes. The stream is a bare sequence of
+// 17-bit tokens, least significant bit first, with no header, length or
+// checksum:
+//   literal: 1, the word (16 bits)
+//   match:   0, distance in words (12 bits, 1..4095), length in words (4 bits, 2..15)
+// followed by the pending byte, always, even when no bit is pending. A source
+// of odd length is compressed with a 7-byte padding trailer that the decoder
+// strips again; docs/formats.md describes the stream byte for byte.
+//
+// Every output byte is fixed by the algorithm, not just the decoded data:
+// stored project files are compared byte for byte.
+//
+// A compressor serves one call: the bit state of one call carries into the
+// next on the same object, so construct a fresh object for every call.
+class OCompress {
+ public:
+  using Bytes = WritableCollection<unsigned char, int>;
+
+  OCompress();
+  // Memberwise: the work buffers are owned only during a call, so a copy made
+  // between calls owns nothing.
+  OCompress(const OCompress&) = default;
+  OCompress& operator=(const OCompress&) = default;
+  virtual ~OCompress();
+
+  // Replaces `target` with the compressed form of `source`. `source` is
+  // modified during the call (an odd-length source gets the padding trailer)
+  // and restored before return. Returns 1; an empty source returns 0 and
+  // leaves `target` empty. Throws std::bad_alloc when memory runs out.
+  int iCompress_LZ77_Fast(Bytes& source, Bytes& target);
+
+  // Replaces `target` with the data that `source` decodes to, without the
+  // padding trailer. Damaged streams decode to some data, never outside the
+  // buffers. Returns 1; an empty source returns 0 and leaves `target` empty.
+  // Throws std::bad_alloc when memory runs out.
+  int iDeCompress_LZ77_Fast(Bytes& source, Bytes& target);
+
+ private:
+  static constexpr int kMinLength = 2;
+  static constexpr int kMaxLength = 15;
+  static constexpr int kLengths = kMaxLength - kMinLength + 1;
+
+  // Encoder.
+  static std::uint16_t HASH_W(std::uint16_t h, std::uint16_t word);
+  std::uint16_t HASH_STRING(std::int32_t pos, int len) const;
+  std::uint16_t WordAt(std::int32_t pos) const;
+  void calc_hash_inpos();
+  void calc_hash_backward(int n);
+  bool verify_hash(std::int32_t candidate, int length);
+  void adjust_window(int n);
+  int match(int& distance, int& length);
+  void lz77();
+  void LoadWindow(int bytes);
+  void OUT_BIT(unsigned bit);
+  void OUT_BITS(std::uint32_t value, int count);
+  void write_output_byte(std::uint8_t b);
+  void OUT_LAST_CODE();
+
+  // Collection access.
+  int iRead(std::uint8_t* buf, int n);
+  int iWrite(const std::uint8_t* buf, int n);
+
+  // Decoder.
+  void un77();
+  void read_input_buffer();
+  void read_next_byte();
+  unsigned IN_BIT();
+  std::uint32_t IN_BITS(int count);
+  void OUT_WORD(std::uint16_t word);
+  void OUT_STRING(int distance, int length);
+  void write_output(std::int32_t from, std::int32_t count);
+
+  void BeginOutput(Bytes& target, int initial_size);
+  void EndOutput();
+
+  // Encoder state. Word indices are absolute; a ring holds word i, as two
+  // little-endian bytes, at i mod its size.
+  std::uint8_t* m_pWindow = nullptr;
+  std::int32_t m_iPosition = 0;
+  std::int32_t m_iWindowStart = 0;
+  std::int32_t m_iLoadedWords = 0;
+  std::uint8_t* m_pOutStagingStart = nullptr;
+  std::uint8_t* m_pOutStagingCursor = nullptr;
+  std::uint8_t m_uiBitMask = 1;
+  std::uint8_t m_uiPendingByte = 0;
+  // Entries hold a string's start plus m_iTableBase, so that tables reused
+  // from an earlier call read as "never seen" without being cleared.
+  std::int32_t* m_pMatchTables[kLengths] = {};
+  std::int32_t m_iTableBase = 0;
+  std::uint16_t m_uiForwardHashes[kLengths] = {};
+  std::uint16_t m_uiBackwardHashes[kLengths] = {};
+  std::int32_t m_iRejectedCandidates = 0;
+  std::int32_t m_iVerifiedCandidates = 0;
+
+  // Decoder state.
+  std::int32_t m_iOutputWords = 0;
+  std::uint8_t* m_pInStagingStart = nullptr;
+  std::uint8_t* m_pInStagingCursor = nullptr;
+  std::int32_t m_iUnreadInputBytes = 0;
+  std::uint8_t* m_pOutputRing = nullptr;
+  std::uint8_t m_uiInputMask = 1;
+  std::uint8_t m_uiCurrentByte = 0;
+
+  // The collections of the running call.
+  const std::uint8_t* m_pInputData = nullptr;
+  std::int32_t m_iInputCount = 0;
+  std::int32_t m_iInputReadPosition = 0;
+  std::uint8_t* m_pOutputData = nullptr;
+  std::int32_t m_iOutputSize = 0;
+  std::int32_t m_iOutputWritePosition = 0;
+  Bytes* m_pOutputCollection = nullptr;
+};
+
+#endif  // NKFOUNDATION_SERVICES_COMPRESS_H_

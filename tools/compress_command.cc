@@ -1,0 +1,59 @@
+// `nkfoundation compress` and `nkfoundation decompress`: the image coder
+// applied to whole files.
+#include <cstdio>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+#include "commands.h"
+#include "nkfoundation/core/file.h"
+#include "nkfoundation/core/file_stream.h"
+#include "nkfoundation/services/compress.h"
+
+namespace nkf::tools {
+namespace {
+
+using Coder = int (OCompress::*)(OCompress::Bytes&, OCompress::Bytes&);
+
+bool ReadFile(const std::string& path, OCompress::Bytes& bytes) {
+  nk::File file;
+  if (!file.Open(path, nk::File::Mode::kRead)) return false;
+  const std::uint64_t length = file.Length();
+  if (length > static_cast<std::uint64_t>(std::numeric_limits<int>::max())) return false;
+  bytes.SetSize(static_cast<int>(length));
+  return file.Read(bytes.GetData(), length) == length;
+}
+
+int Convert(const std::string& in, const std::string& out, Coder coder) {
+  OCompress::Bytes source;
+  if (!ReadFile(in, source)) {
+    std::fprintf(stderr, "error: cannot read %s\n", in.c_str());
+    return 2;
+  }
+  OCompress::Bytes target;
+  // An empty file stays empty both ways.
+  if (source.GetCount() > 0) (OCompress().*coder)(source, target);
+  const bool saved = nk::SaveFileAtomically(out, [&](OByteStream& stream) {
+    stream.AddBytes(target.GetData(), static_cast<std::uint64_t>(target.GetCount()));
+    return true;
+  });
+  if (!saved) {
+    std::fprintf(stderr, "error: cannot write %s\n", out.c_str());
+    return 2;
+  }
+  std::printf("%s: %d bytes -> %s: %d bytes\n", in.c_str(), source.GetCount(), out.c_str(),
+              target.GetCount());
+  return 0;
+}
+
+}  // namespace
+
+int RunCompress(const std::string& in, const std::string& out) {
+  return Convert(in, out, &OCompress::iCompress_LZ77_Fast);
+}
+
+int RunDecompress(const std::string& in, const std::string& out) {
+  return Convert(in, out, &OCompress::iDeCompress_LZ77_Fast);
+}
+
+}  // namespace nkf::tools
