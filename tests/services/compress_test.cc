@@ -1,0 +1,175 @@
+#include "nkfoundation/services/compress.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "tests/support/bytes.h"
+#include "tests/support/lz77_reference.h"
+#include "tests/support/sensor_images.h"
+
+namespace {
+
+using nk::testing::Bytes;
+using nk::testing::Hex;
+
+OCompress::Bytes Collection(const Bytes& bytes) {
+  OCompress::Bytes collection;
+  collection.Copy(bytes.data(), static_cast<int>(bytes.size()));
+  return collection;
+}
+
+Bytes Plain(const OCompress::Bytes& collection) {
+  return {collection.GetData(), collection.GetData() + collection.GetCount()};
+}
+
+Bytes Compress(const Bytes& bytes) {
+  OCompress::Bytes source = Collection(bytes);
+  OCompress::Bytes target;
+  EXPECT_EQ(OCompress().iCompress_LZ77_Fast(source, target), 1);
+  EXPECT_EQ(Plain(source), bytes) << "the source must come back unchanged";
+  return Plain(target);
+}
+
+Bytes Decompress(const Bytes& bytes) {
+  OCompress::Bytes source = Collection(bytes);
+  OCompress::Bytes target;
+  EXPECT_EQ(OCompress().iDeCompress_LZ77_Fast(source, target), bytes.empty() ? 0 : 1);
+  return Plain(target);
+}
+
+Bytes RandomBytes(std::size_t size, unsigned seed) {
+  std::mt19937 random(seed);
+  Bytes bytes(size);
+  for (auto& b : bytes) b = static_cast<std::uint8_t>(random());
+  return bytes;
+}
+
+// Random words from a small alphabet: many short matches, many hash
+// collisions, and candidates that fail verification.
+Bytes FewWords(std::size_t size, unsigned seed) {
+  std::mt19937 random(seed);
+  Bytes bytes(size);
+  for (auto& b : bytes) b = static_cast<std::uint8_t>(random() % 3);
+  return bytes;
+}
+
+// Compares the coder with the reference and checks the round trip (a single
+// byte keeps its trailer).
+void ExpectExact(const Bytes& data, const std::string& what) {
+  const Bytes compressed = Compress(data);
+  ASSERT_EQ(compressed, nk::testing::ReferenceCompress(data)) << what << ", " << data.size() << " bytes";
+  const Bytes restored = Decompress(compressed);
+  ASSERT_EQ(Bytes(restored.begin(), restored.begin() + static_cast<std::ptrdiff_t>(data.size())), data)
+      << what << ", " << data.size() << " bytes";
+  ASSERT_EQ(restored.size(), data.size() == 1 ? 8u : data.size());
+}
+
+TEST(CompressStreamTest, TokensArePacked17BitsLsbFirstWithThePendingByteAlways) {
+  // One literal: flag 1, then 0x2211 from bit 1; the 17th bit opens byte 2.
+  EXPECT_EQ(Compress(Hex("1122")), Hex("23 44 00"));
+  // Eight literals end exactly on a byte boundary: a 0x00 byte still follows.
+  Bytes eight_words;
+  for (std::uint8_t i = 0; i < 16; ++i) eight_words.push_back(static_cast<std::uint8_t>(0x10 + i));
+  const Bytes compressed = Compress(eight_words);
+  ASSERT_EQ(compressed.size(), 18u);
+  EXPECT_EQ(compressed.back(), 0x00);
+  EXPECT_EQ(Decompress(compressed), eight_words);
+}
+
+TEST(CompressStreamTest, AMatchSourceLiesWhollyBeforeTheCurrentWord) {
+  // 8 equal words: two literals, then distance-2 matches, never distance 1.
+  const Bytes equal(16, 0x5A);
+  nk::testing::ReferenceBits bits{Compress(equal), 0};
+  EXPECT_EQ(bits.Get(1), 1u);
+  EXPECT_EQ(bits.Get(16), 0x5A5Au);
+  EXPECT_EQ(bits.Get(1), 1u);
+  EXPECT_EQ(bits.Get(16), 0x5A5Au);
+  for (int words = 2; words < 8;) {
+    ASSERT_EQ(bits.Get(1), 0u);
+    const std::uint32_t distance = bits.Get(12);
+    const std::uint32_t length = bits.Get(4);
+    EXPECT_GE(distance, length);
+    words += static_cast<int>(length);
+  }
+  EXPECT_EQ(Decompress(Compress(equal)), equal);
+}
+
+TEST(CompressStreamTest, PaddingTrailerAndItsConsequences) {
+  // Odd sources travel with the trailer, which the decoder strips from 9 bytes on.
+  EXPECT_EQ(Decompress(Compress(Hex("42"))), Hex("42 00FAEBDCCDBEAF"));
+  const Bytes nine = Hex("010203040506070809");
+  EXPECT_EQ(Decompress(Compress(nine)), nine);
+  // An even source that happens to end in the trailer loses it.
+  EXPECT_EQ(Decompress(Compress(Hex("0102030405 00FAEBDCCDBEAF"))).size(), 5u);
+  // ...but not below 9 bytes.
+  EXPECT_EQ(Decompress(Compress(Hex("99 00FAEBDCCDBEAF"))), Hex("99 00FAEBDCCDBEAF"));
+}
+
+TEST(CompressStreamTest, EmptySourceReturnsZeroAndAnEmptyTarget) {
+  OCompress::Bytes empty;
+  OCompress::Bytes target = Collection(Hex("010203"));
+  EXPECT_EQ(OCompress().iCompress_LZ77_Fast(empty, target), 0);
+  EXPECT_EQ(target.GetCount(), 0);
+  target = Collection(Hex("010203"));
+  EXPECT_EQ(OCompress().iDeCompress_LZ77_Fast(empty, target), 0);
+  EXPECT_EQ(target.GetCount(), 0);
+}
+
+TEST(CompressExactnessTest, EverySmallSize) {
+  for (std::size_t size = 1; size <= 400; ++size) {
+    ExpectExact(RandomBytes(size, static_cast<unsigned>(size)), "random");
+    ExpectExact(FewWords(size, static_cast<unsigned>(size)), "few words");
+  }
+}
+
+TEST(CompressExactnessTest, SizesAroundTheRingAndItsReloads) {
+  // The first block fills the ring with 16384 bytes; later blocks of 4096
+  // bytes arrive when fewer than 2048 words lie ahead.
+  for (std::size_t size : {16382, 16383, 16384, 16385, 16386, 20478, 20480, 20481, 24576, 24577, 65536, 65537}) {
+    ExpectExact(FewWords(size, 3), "few words");
+    ExpectExact(RandomBytes(size, 4), "random");
+  }
+}
+
+TEST(CompressExactnessTest, LongRunsAndRepeats) {
+  ExpectExact(Bytes(100000, 0), "zeros");
+  Bytes pattern;
+  for (int i = 0; i < 120000; ++i) pattern.push_back(static_cast<std::uint8_t>((i * i) % 251 < 30 ? 7 : i % 17));
+  ExpectExact(pattern, "repeating pattern");
+  // A period just inside and just outside the 4095-word window.
+  for (std::size_t period : {8188, 8190, 8192}) {
+    const Bytes block = RandomBytes(period, 9);
+    Bytes repeated;
+    for (int i = 0; i < 4; ++i) repeated.insert(repeated.end(), block.begin(), block.end());
+    ExpectExact(repeated, "period " + std::to_string(period));
+  }
+}
+
+TEST(CompressExactnessTest, PhotographsAndSensorImages) {
+  auto images = nk::testing::CorpusImages(NKF_CORPUS_DIR);
+  EXPECT_FALSE(images.empty()) << "no photographs in " << NKF_CORPUS_DIR;
+  for (auto& image : nk::testing::SensorImages()) images.push_back(std::move(image));
+  for (const auto& image : images) ExpectExact(image.bytes, image.name);
+}
+
+TEST(DecompressTest, DamagedStreamsDecodeLikeTheRingWithoutLeavingTheBuffers) {
+  // A distance before the first word reads zeros; distance 0 reads 8192 back;
+  // length 0 produces nothing; bits past the end read as zeros.
+  const Bytes before_start = Hex("00 FE 03 00");  // distance 3840, length 15, then a literal 0
+  EXPECT_EQ(Decompress(before_start), Bytes(32, 0));
+  for (std::size_t size : {1, 2, 3, 17, 18, 1023, 1024, 1025, 5000, 70000}) {
+    for (unsigned seed = 0; seed < 3; ++seed) {
+      const Bytes noise = RandomBytes(size, seed + 100);
+      ASSERT_EQ(Decompress(noise), nk::testing::ReferenceDecompress(noise)) << size << " bytes";
+    }
+  }
+  // Every truncation of a real stream.
+  const Bytes stream = Compress(FewWords(3000, 5));
+  for (std::size_t cut = 0; cut < stream.size(); cut += 7) {
+    const Bytes head(stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(cut));
+    ASSERT_EQ(Decompress(head), nk::testing::ReferenceDecompress(head)) << "cut at " << cut;
+  }
+}
+
+}  // namespace
