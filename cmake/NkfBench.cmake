@@ -17,3 +17,6 @@ target_link_libraries(nkfoundation_bench PRIVATE
   ${NKF_LINK_LIBRARY} benchmark::benchmark_main
   ZLIB::ZLIB PkgConfig::NKF_ZSTD PkgConfig::NKF_LZ4)
 nkf_set_warnings(nkfoundation_bench)
+# The coder's benchmarks run on the shared photographs beside the repository.
+get_filename_component(_nkf_corpus "${PROJECT_SOURCE_DIR}/../shared/corpus" ABSOLUTE)
+target_compile_definitions(nkfoundation_bench PRIVATE "NKF_CORPUS_DIR=\"${_nkf_corpus}\"")

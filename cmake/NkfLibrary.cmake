@@ -25,6 +25,11 @@ add_library(nkfoundation_objects OBJECT ${NKF_LIBRARY_SOURCES})
 set_target_properties(nkfoundation_objects PROPERTIES POSITION_INDEPENDENT_CODE ${NKF_SHARED})
 nkf_library_usage(nkfoundation_objects PUBLIC)
 nkf_set_warnings(nkfoundation_objects)
+# Calls inside the library may be inlined even though the shared library
+# exports the callee: nobody interposes the library's own functions.
+if(NKF_SHARED AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(nkfoundation_objects PRIVATE -fno-semantic-interposition)
+endif()
 target_link_libraries(nkfoundation_objects PRIVATE nkf_utfcpp)
 
 add_library(nkfoundation $<TARGET_OBJECTS:nkfoundation_objects>)

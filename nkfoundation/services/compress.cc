@@ -18,6 +18,8 @@ constexpr int kRingBytes = 2 * kRingWords;
 constexpr int kStagingBytes = 1024;
 constexpr int kTableEntries = 32768;
 constexpr int kMatchTableCount = 14;  // one per length 2..15
+// Positions whose strings are hashed, entered and looked up together.
+constexpr int kBatch = 64;
 
 // A match source lies less than this many words back.
 constexpr int kWindowWords = 4096;
@@ -59,6 +61,38 @@ inline std::uint16_t HashByte(std::uint16_t h, std::uint8_t b) {
   return static_cast<std::uint16_t>(((h << 4) ^ kHashTable[(h >> 7) ^ b]) & 0x7FFF);
 }
 
+// The two byte steps of a word in one lookup. Writing t1 = T[(h >> 7) ^ lo],
+// the word step is
+//   ((h << 8) ^ (t1 << 4) ^ T[((h >> 3) & 0xFF) ^ hi ^ (t1 >> 7)]) & 0x7FFF,
+// in which everything but h << 8 depends only on the two 8-bit indices
+// (h >> 7) ^ lo and ((h >> 3) & 0xFF) ^ hi. This table holds that part for
+// both indices at once (128 KB, filled on first use).
+class WordHashTable {
+ public:
+  WordHashTable() {
+    for (unsigned a = 0; a < 256; ++a) {
+      for (unsigned c = 0; c < 256; ++c) {
+        const unsigned t1 = kHashTable[a];
+        entries_[a << 8 | c] = static_cast<std::uint16_t>((t1 << 4) ^ kHashTable[c ^ (t1 >> 7)]);
+      }
+    }
+  }
+
+  // The word with its bytes exchanged (lo << 8 | hi), which lines both bytes
+  // up with their index.
+  static unsigned Swap(std::uint16_t word) { return (word & 0xFFu) << 8 | word >> 8; }
+
+  unsigned Step(unsigned h, unsigned swapped) const {
+    const unsigned index = (((h << 1) & 0xFF00) | ((h >> 3) & 0xFF)) ^ swapped;
+    return ((h << 8) & 0x7FFF) ^ entries_[index];
+  }
+
+ private:
+  std::uint16_t entries_[1 << 16];
+};
+
+const WordHashTable kWordHashes;
+
 inline std::uint16_t LoadWord(const std::uint8_t* ring, std::int32_t index) {
   const std::uint8_t* p = ring + 2 * (index & kRingMask);
   return static_cast<std::uint16_t>(p[0] | p[1] << 8);
@@ -79,6 +113,10 @@ inline void StoreWord(std::uint8_t* ring, std::int32_t index, std::uint16_t word
 struct MatchTables {
   std::int32_t rows[kMatchTableCount * kTableEntries];
   std::int32_t base;
+  // Per length: what the table held for each position of the current batch,
+  // and the hashes of the strings that start in the 15 words before it.
+  std::int32_t candidates[kMatchTableCount * kBatch];
+  std::uint16_t recent_hashes[kMatchTableCount * 15];
 
   void Clear() {
     std::fill(std::begin(rows), std::end(rows), 0);
@@ -157,7 +195,9 @@ int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   m_pOutStagingStart = m_pOutStagingCursor = staging.get();
   for (int i = 0; i < kLengths; ++i) m_pMatchTables[i] = tables->rows + i * kTableEntries;
   m_iTableBase = tables->base;
-  m_iPosition = m_iWindowStart = m_iLoadedWords = 0;
+  m_pCandidates = tables->candidates;
+  m_pRecentHashes = tables->recent_hashes;
+  m_iPosition = m_iLoadedWords = m_iBatchEnd = 0;
   m_pInputData = source.GetData();
   m_iInputCount = source.GetCount();
   m_iInputReadPosition = 0;
@@ -169,6 +209,8 @@ int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   g_match_tables.Return(std::move(tables), words);
   m_pWindow = m_pOutStagingStart = m_pOutStagingCursor = nullptr;
   std::fill(std::begin(m_pMatchTables), std::end(m_pMatchTables), nullptr);
+  m_pCandidates = nullptr;
+  m_pRecentHashes = nullptr;
   m_pInputData = nullptr;
   return 1;
 }
@@ -194,8 +236,7 @@ void OCompress::lz77() {
 }
 
 std::uint16_t OCompress::HASH_W(std::uint16_t h, std::uint16_t word) {
-  return HashByte(HashByte(h, static_cast<std::uint8_t>(word)),
-                  static_cast<std::uint8_t>(word >> 8));
+  return static_cast<std::uint16_t>(kWordHashes.Step(h, WordHashTable::Swap(word)));
 }
 
 std::uint16_t OCompress::HASH_STRING(std::int32_t pos, int len) const {
@@ -206,49 +247,68 @@ std::uint16_t OCompress::HASH_STRING(std::int32_t pos, int len) const {
 
 std::uint16_t OCompress::WordAt(std::int32_t pos) const { return LoadWord(m_pWindow, pos); }
 
-// Hashes of the strings of every length that start at the position. A string
-// that would run past the loaded words gets 0xFFFF and is never looked up.
+// Makes sure that the batch holding the position has been entered and looked
+// up.
 void OCompress::calc_hash_inpos() {
-  const std::int32_t ahead = m_iLoadedWords - m_iPosition;
-  if (ahead >= kMinLength) m_uiForwardHashes[0] = HASH_STRING(m_iPosition, kMinLength);
-  for (int len = kMinLength + 1; len <= kMaxLength; ++len) {
-    m_uiForwardHashes[len - kMinLength] =
-        len <= ahead ? HASH_W(m_uiForwardHashes[len - kMinLength - 1], WordAt(m_iPosition + len - 1))
-                     : 0xFFFF;
-  }
+  while (m_iBatchEnd <= m_iPosition) calc_hash_backward(kBatch);
 }
 
-// Enters into the tables every string that ends at one of the next `n` words
-// and starts at or after the window start. The backward hashes roll: the hash
-// of the string of length len ending at e extends the hash of length len - 1
-// ending at e - 1, so lengths are updated from the longest down.
+// Enters into the tables the strings that end before each of the next `n`
+// positions and records, for each position and length, the start that the
+// table names when the encoder arrives there: the latest earlier string of
+// that length and hash, its match candidate.
+//
+// This is the encoder's table traffic done ahead, for every position whether
+// or not a token starts there, in an order that gives the same results: the
+// tables of different lengths never meet, and within one length a position
+// sees exactly the strings that ended before it, entered in order of their
+// start. So each length gets one pass over the batch that hashes, enters and
+// looks up; its table stays in the processor's cache and the hash chains of
+// the batch's positions overlap.
+//
+// Strings that start before the window start are entered too: they lie so far
+// back that any later look-up that finds them rejects them for distance, as it
+// would reject the older entry they replace.
 void OCompress::calc_hash_backward(int n) {
-  std::uint16_t* const hashes = m_uiBackwardHashes;
-  for (std::int32_t e = m_iPosition; e < m_iPosition + n; ++e) {
-    const std::int32_t words_in_window = e - m_iWindowStart + 1;
-    if (words_in_window < kMinLength) continue;
-    const int longest = static_cast<int>(std::min<std::int32_t>(words_in_window, kMaxLength));
-    const std::uint16_t word = WordAt(e);
-    for (int len = longest; len > kMinLength; --len) {
-      hashes[len - kMinLength] = HASH_W(hashes[len - kMinLength - 1], word);
-      m_pMatchTables[len - kMinLength][hashes[len - kMinLength]] = e - len + 1 + m_iTableBase;
+  const std::int32_t first = m_iBatchEnd;
+  m_iBatchEnd += n;
+  // While the source lasts, at least 2033 loaded words lie ahead of the
+  // position; at its end only the loaded strings count.
+  const int available = static_cast<int>(
+      std::clamp<std::int32_t>(m_iLoadedWords - first, 0, kBatch + kMaxLength - 1));
+  unsigned swapped[kBatch + kMaxLength - 1];
+  for (int i = 0; i < available; ++i) swapped[i] = WordHashTable::Swap(WordAt(first + i));
+  // hashes[j]: the hash of the string of the current length from first + j.
+  unsigned hashes[kBatch];
+  for (int j = 0; j < n; ++j) hashes[j] = j < available ? HASH_STRING(first + j, 1) : 0;
+
+  const int positions = std::min(available + 1, n);
+  for (int len = kMinLength; len <= kMaxLength; ++len) {
+    std::int32_t* const table = m_pMatchTables[len - kMinLength];
+    std::int32_t* const candidates = m_pCandidates + (len - kMinLength) * kBatch;
+    std::uint16_t* const recent = m_pRecentHashes + (len - kMinLength) * kMaxLength;
+    const int hashed = std::clamp(available - len + 1, 0, n);
+    for (int j = 0; j < hashed; ++j) hashes[j] = kWordHashes.Step(hashes[j], swapped[j + len - 1]);
+    // The string that ends just before first + j starts at first + j - len;
+    // those of the first positions started in the previous batch.
+    const int from_previous = std::min(len, positions);
+    for (int j = 0; j < from_previous; ++j) {
+      if (first + j - len >= 0) table[recent[j - len + kMaxLength]] = first + j - len + m_iTableBase;
+      candidates[j] = table[hashes[j]];
     }
-    hashes[0] = HASH_STRING(e - 1, kMinLength);
-    m_pMatchTables[0][hashes[0]] = e - 1 + m_iTableBase;
+    for (int j = from_previous; j < positions; ++j) {
+      table[hashes[j - len]] = first + j - len + m_iTableBase;
+      candidates[j] = table[hashes[j]];
+    }
+    std::copy(hashes + kBatch - kMaxLength, hashes + kBatch, recent);
   }
 }
 
 // Compares the `length` words at `candidate` with those at the position; both
 // spans may wrap around the ring's end.
 bool OCompress::verify_hash(std::int32_t candidate, int length) {
-  const std::int32_t a = candidate & kRingMask;
-  const std::int32_t b = m_iPosition & kRingMask;
   bool equal = true;
-  if (a + length <= kRingWords && b + length <= kRingWords) {
-    equal = std::memcmp(m_pWindow + 2 * a, m_pWindow + 2 * b, 2 * static_cast<std::size_t>(length)) == 0;
-  } else {
-    for (int i = 0; i < length && equal; ++i) equal = WordAt(candidate + i) == WordAt(m_iPosition + i);
-  }
+  for (int i = 0; i < length && equal; ++i) equal = WordAt(candidate + i) == WordAt(m_iPosition + i);
   ++(equal ? m_iVerifiedCandidates : m_iRejectedCandidates);
   return equal;
 }
@@ -258,11 +318,16 @@ bool OCompress::verify_hash(std::int32_t candidate, int length) {
 int OCompress::match(int& distance, int& length) {
   const std::int32_t ahead = m_iLoadedWords - m_iPosition;
   if (ahead < kMinLength) return 0;
+  // Every string that ended before the position and starts within the window
+  // is in its table, so when even the latest two-word string with this hash
+  // lies outside the window, no longer string can match either: each would
+  // begin with such a two-word string. Most positions of noisy images end here.
+  const std::int32_t* const candidates = m_pCandidates + (m_iPosition & (kBatch - 1));
+  if (!InWindow(candidates[0])) return 0;
   for (int len = static_cast<int>(std::min<std::int32_t>(ahead, kMaxLength)); len >= kMinLength; --len) {
-    const std::int32_t candidate =
-        m_pMatchTables[len - kMinLength][m_uiForwardHashes[len - kMinLength]] - m_iTableBase;
-    if (std::int64_t{m_iPosition} - candidate < kWindowWords && verify_hash(candidate, len)) {
-      distance = m_iPosition - candidate;
+    const std::int32_t entry = candidates[(len - kMinLength) * kBatch];
+    if (InWindow(entry) && verify_hash(entry - m_iTableBase, len)) {
+      distance = m_iPosition - (entry - m_iTableBase);
       length = len;
       return 1;
     }
@@ -270,10 +335,16 @@ int OCompress::match(int& distance, int& length) {
   return 0;
 }
 
+// Whether a table entry names a start less than a window's length back.
+bool OCompress::InWindow(std::int32_t entry) const {
+  return std::int64_t{m_iPosition} - (std::int64_t{entry} - m_iTableBase) < kWindowWords;
+}
+
+// The tables were worked ahead (calc_hash_backward), so advancing is moving
+// the position, reading on when the ring runs low, and working the next batch
+// when the position enters it.
 void OCompress::adjust_window(int n) {
-  calc_hash_backward(n);
   m_iPosition += n;
-  if (m_iPosition - m_iWindowStart >= kWindowWords) m_iWindowStart = m_iPosition - kWindowWords;
   if (m_iLoadedWords - m_iPosition < kReloadBelowWords) LoadWindow(kReloadBytes);
   calc_hash_inpos();
 }

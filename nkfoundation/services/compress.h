@@ -58,6 +58,7 @@ class OCompress {
   bool verify_hash(std::int32_t candidate, int length);
   void adjust_window(int n);
   int match(int& distance, int& length);
+  bool InWindow(std::int32_t entry) const;
   void lz77();
   void LoadWindow(int bytes);
   void OUT_BIT(unsigned bit);
@@ -96,8 +97,12 @@ class OCompress {
   // from an earlier call read as "never seen" without being cleared.
   std::int32_t* m_pMatchTables[kLengths] = {};
   std::int32_t m_iTableBase = 0;
-  std::uint16_t m_uiForwardHashes[kLengths] = {};
-  std::uint16_t m_uiBackwardHashes[kLengths] = {};
+  // The tables are worked a batch of positions ahead: per length, the
+  // candidate found at each position of the batch, and the hashes of the
+  // strings that start just before it. The batch ends before m_iBatchEnd.
+  std::int32_t* m_pCandidates = nullptr;
+  std::uint16_t* m_pRecentHashes = nullptr;
+  std::int32_t m_iBatchEnd = 0;
   std::int32_t m_iRejectedCandidates = 0;
   std::int32_t m_iVerifiedCandidates = 0;
 
