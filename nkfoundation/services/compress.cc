@@ -30,6 +30,7 @@ constexpr int kReloadBytes = 4096;
 constexpr int kHeldBackWords = 6144;
 constexpr int kFlushWords = 2048;
 constexpr int kOutputGrowth = 40000;
+constexpr int kTokenBits = 17;
 
 // Appended to a source of odd length so that it splits into words; the
 // decoder strips it again from any result of at least kTrailerMinResult bytes.
@@ -93,15 +94,22 @@ class WordHashTable {
 
 const WordHashTable kWordHashes;
 
-inline std::uint16_t LoadWord(const std::uint8_t* ring, std::int32_t index) {
-  const std::uint8_t* p = ring + 2 * (index & kRingMask);
-  return static_cast<std::uint16_t>(p[0] | p[1] << 8);
+// Rings hold their words in little-endian byte order whatever the host, so
+// that bytes move between them and the collections unchanged.
+inline std::uint16_t LittleEndian(std::uint16_t word) {
+  if constexpr (std::endian::native == std::endian::big) {
+    return static_cast<std::uint16_t>(word << 8 | word >> 8);
+  } else {
+    return word;
+  }
 }
 
-inline void StoreWord(std::uint8_t* ring, std::int32_t index, std::uint16_t word) {
-  std::uint8_t* p = ring + 2 * (index & kRingMask);
-  p[0] = static_cast<std::uint8_t>(word);
-  p[1] = static_cast<std::uint8_t>(word >> 8);
+inline std::uint16_t LoadWord(const std::uint16_t* ring, std::int32_t index) {
+  return LittleEndian(ring[index & kRingMask]);
+}
+
+inline void StoreWord(std::uint16_t* ring, std::int32_t index, std::uint16_t word) {
+  ring[index & kRingMask] = LittleEndian(word);
 }
 
 // The 14 match tables of one compression (1.8 MB). Allocating and clearing
@@ -188,7 +196,7 @@ int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   }
   const std::int32_t words = source.GetCount() / 2;
 
-  const auto window = std::make_unique<std::uint8_t[]>(kRingBytes);
+  const auto window = std::make_unique<std::uint16_t[]>(kRingWords);
   const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
   std::unique_ptr<MatchTables> tables = g_match_tables.Take(words);
   m_pWindow = window.get();
@@ -207,7 +215,8 @@ int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
 
   EndOutput();
   g_match_tables.Return(std::move(tables), words);
-  m_pWindow = m_pOutStagingStart = m_pOutStagingCursor = nullptr;
+  m_pWindow = nullptr;
+  m_pOutStagingStart = m_pOutStagingCursor = nullptr;
   std::fill(std::begin(m_pMatchTables), std::end(m_pMatchTables), nullptr);
   m_pCandidates = nullptr;
   m_pRecentHashes = nullptr;
@@ -353,7 +362,7 @@ void OCompress::adjust_window(int n) {
 // Until the source runs out every block is whole, so the loaded words stay a
 // multiple of the block and a block never wraps around the ring's end.
 void OCompress::LoadWindow(int bytes) {
-  const int read = iRead(m_pWindow + 2 * (m_iLoadedWords & kRingMask), bytes);
+  const int read = iRead(reinterpret_cast<std::uint8_t*>(m_pWindow + (m_iLoadedWords & kRingMask)), bytes);
   m_iLoadedWords += read / 2;
 }
 
@@ -436,7 +445,7 @@ int OCompress::iDeCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   }
   const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
   // Zeroed: a distance that reaches before the first word reads zeros.
-  const auto ring = std::make_unique<std::uint8_t[]>(kRingBytes);
+  const auto ring = std::make_unique<std::uint16_t[]>(kRingWords);
   m_pInStagingStart = m_pInStagingCursor = staging.get();
   m_pOutputRing = ring.get();
   m_iWindowStart = m_iOutputWords = 0;
@@ -462,13 +471,15 @@ int OCompress::iDeCompress_LZ77_Fast(Bytes& source, Bytes& target) {
 }
 
 // Every token is 17 bits, so none can begin in the last byte: decoding stops
-// after the token during which the last byte was taken up. Bits past the end
-// read as zeros.
+// after the token during which the last byte was taken up, that is once the
+// bits before the last byte are spent. Bits past the end read as zeros.
 void OCompress::un77() {
   read_input_buffer();
   m_iUnreadInputBytes = m_iInputCount;
-  read_next_byte();
-  while (m_iUnreadInputBytes > 0) {
+  m_ullBitBuffer = 0;
+  m_iBufferedBits = 0;
+  const std::int64_t bits_before_last_byte = 8 * (std::int64_t{m_iInputCount} - 1);
+  for (std::int64_t spent = 0; spent < bits_before_last_byte; spent += kTokenBits) {
     if (IN_BIT()) {
       OUT_WORD(static_cast<std::uint16_t>(IN_BITS(16)));
     } else {
@@ -485,42 +496,46 @@ void OCompress::read_input_buffer() {
   m_pInStagingCursor = m_pInStagingStart;
 }
 
-// Takes the next compressed byte as the current one; past the end the
-// current byte becomes 0.
+// Takes the next compressed byte into the bit buffer, above the bits already
+// there; past the end the byte is 0.
 void OCompress::read_next_byte() {
-  if (m_iUnreadInputBytes == 0) {
-    m_uiCurrentByte = 0;
+  std::uint64_t byte = 0;
+  if (m_iUnreadInputBytes > 0) {
+    if (m_pInStagingCursor - m_pInStagingStart == kStagingBytes) read_input_buffer();
+    byte = *m_pInStagingCursor++;
+    --m_iUnreadInputBytes;
+  }
+  m_ullBitBuffer |= byte << m_iBufferedBits;
+  m_iBufferedBits += 8;
+}
+
+// Tops the bit buffer up to at least 57 bits: eight bytes at once while the
+// staging buffer holds them, else byte by byte.
+inline void OCompress::FillBitBuffer() {
+  const std::int64_t staged = m_pInStagingStart + kStagingBytes - m_pInStagingCursor;
+  if (std::min<std::int64_t>(staged, m_iUnreadInputBytes) < 8) {
+    while (m_iBufferedBits <= 56) read_next_byte();
     return;
   }
-  if (m_pInStagingCursor - m_pInStagingStart == kStagingBytes) read_input_buffer();
-  m_uiCurrentByte = *m_pInStagingCursor++;
-  --m_iUnreadInputBytes;
+  std::uint64_t next;
+  std::memcpy(&next, m_pInStagingCursor, sizeof next);
+  if constexpr (std::endian::native == std::endian::big) next = __builtin_bswap64(next);
+  m_ullBitBuffer |= next << m_iBufferedBits;
+  const int taken = (63 - m_iBufferedBits) >> 3;
+  m_pInStagingCursor += taken;
+  m_iUnreadInputBytes -= taken;
+  m_iBufferedBits += 8 * taken;
 }
 
-// The next byte is taken as soon as bit 7 of the current one has been read.
-unsigned OCompress::IN_BIT() {
-  const unsigned bit = (m_uiCurrentByte & m_uiInputMask) != 0;
-  if (m_uiInputMask == 0x80) {
-    read_next_byte();
-    m_uiInputMask = 1;
-  } else {
-    m_uiInputMask = static_cast<std::uint8_t>(m_uiInputMask << 1);
-  }
-  return bit;
-}
+unsigned OCompress::IN_BIT() { return IN_BITS(1); }
 
-// `count` bits, least significant first; the same as `count` IN_BIT calls.
+// `count` bits, least significant first.
 std::uint32_t OCompress::IN_BITS(int count) {
-  const int used = std::countr_zero(m_uiInputMask);
-  std::uint32_t value = static_cast<std::uint32_t>(m_uiCurrentByte) >> used;
-  int have = 8 - used;
-  while (have <= count) {
-    read_next_byte();
-    value |= static_cast<std::uint32_t>(m_uiCurrentByte) << have;
-    have += 8;
-  }
-  m_uiInputMask = static_cast<std::uint8_t>(1u << (8 - (have - count)));
-  return value & ((1u << count) - 1u);
+  if (m_iBufferedBits < count) FillBitBuffer();
+  const auto value = static_cast<std::uint32_t>(m_ullBitBuffer & ((1u << count) - 1u));
+  m_ullBitBuffer >>= count;
+  m_iBufferedBits -= count;
+  return value;
 }
 
 // Produced words wait in the ring so that matches can copy from them, and go
@@ -537,6 +552,13 @@ void OCompress::OUT_WORD(std::uint16_t word) {
 // them. Distances are not checked: 0 reads the ring slot about to be written,
 // and a distance before the first word reads the ring's zeros.
 void OCompress::OUT_STRING(int distance, int length) {
+  if (m_iOutputWords + length - m_iWindowStart <= kHeldBackWords) {
+    // No hand-over falls inside: copy without checking for one.
+    for (int i = 0; i < length; ++i, ++m_iOutputWords) {
+      m_pOutputRing[m_iOutputWords & kRingMask] = m_pOutputRing[(m_iOutputWords - distance) & kRingMask];
+    }
+    return;
+  }
   for (int i = 0; i < length; ++i) OUT_WORD(LoadWord(m_pOutputRing, m_iOutputWords - distance));
 }
 
@@ -544,7 +566,7 @@ void OCompress::write_output(std::int32_t from, std::int32_t count) {
   while (count > 0) {
     const std::int32_t slot = from & kRingMask;
     const std::int32_t piece = std::min(count, kRingWords - slot);
-    iWrite(m_pOutputRing + 2 * slot, 2 * piece);
+    iWrite(reinterpret_cast<const std::uint8_t*>(m_pOutputRing + slot), 2 * piece);
     from += piece;
     count -= piece;
   }

@@ -74,6 +74,7 @@ class OCompress {
   void un77();
   void read_input_buffer();
   void read_next_byte();
+  void FillBitBuffer();
   unsigned IN_BIT();
   std::uint32_t IN_BITS(int count);
   void OUT_WORD(std::uint16_t word);
@@ -83,9 +84,9 @@ class OCompress {
   void BeginOutput(Bytes& target, int initial_size);
   void EndOutput();
 
-  // Encoder state. Word indices are absolute; a ring holds word i, as two
-  // little-endian bytes, at i mod its size.
-  std::uint8_t* m_pWindow = nullptr;
+  // Encoder state. Word indices are absolute; a ring holds word i, in
+  // little-endian byte order, at i mod its size.
+  std::uint16_t* m_pWindow = nullptr;
   std::int32_t m_iPosition = 0;
   std::int32_t m_iWindowStart = 0;
   std::int32_t m_iLoadedWords = 0;
@@ -111,9 +112,11 @@ class OCompress {
   std::uint8_t* m_pInStagingStart = nullptr;
   std::uint8_t* m_pInStagingCursor = nullptr;
   std::int32_t m_iUnreadInputBytes = 0;
-  std::uint8_t* m_pOutputRing = nullptr;
-  std::uint8_t m_uiInputMask = 1;
-  std::uint8_t m_uiCurrentByte = 0;
+  std::uint16_t* m_pOutputRing = nullptr;
+  // Compressed bits taken from the staging buffer but not yet read, the
+  // next in bit 0.
+  std::uint64_t m_ullBitBuffer = 0;
+  int m_iBufferedBits = 0;
 
   // The collections of the running call.
   const std::uint8_t* m_pInputData = nullptr;
