@@ -57,17 +57,14 @@ constexpr std::uint16_t kHashTable[256] = {
     0x89, 0xF0, 0x2F, 0x7B, 0x3F, 0xED, 0xAC, 0x57, 0x72, 0x25, 0x14, 0xCA, 0xC5, 0x8F, 0xB9, 0x00,
 };
 
-// g(h, b): one byte of the string hash; h stays a 15-bit value.
-inline std::uint16_t HashByte(std::uint16_t h, std::uint8_t b) {
-  return static_cast<std::uint16_t>(((h << 4) ^ kHashTable[(h >> 7) ^ b]) & 0x7FFF);
-}
-
-// The two byte steps of a word in one lookup. Writing t1 = T[(h >> 7) ^ lo],
-// the word step is
+// The string hash takes a byte b into its 15-bit state h by
+//   g(h, b) = ((h << 4) ^ T[(h >> 7) ^ b]) & 0x7FFF,
+// the low byte of a word first. This table makes the two byte steps of a word
+// one lookup. Writing t1 = T[(h >> 7) ^ lo], the word step is
 //   ((h << 8) ^ (t1 << 4) ^ T[((h >> 3) & 0xFF) ^ hi ^ (t1 >> 7)]) & 0x7FFF,
 // in which everything but h << 8 depends only on the two 8-bit indices
 // (h >> 7) ^ lo and ((h >> 3) & 0xFF) ^ hi. This table holds that part for
-// both indices at once (128 KB, filled on first use).
+// both indices at once (128 KB, filled while the library loads).
 class WordHashTable {
  public:
   WordHashTable() {
@@ -163,20 +160,6 @@ class MatchTablePool {
 
 MatchTablePool g_match_tables;
 
-// Gives the source back its own length on every way out of a compression.
-class SourceLengthGuard {
- public:
-  explicit SourceLengthGuard(OCompress::Bytes& source)
-      : source_(source), count_(source.GetCount()) {}
-  ~SourceLengthGuard() { source_.SetSize(count_); }
-  SourceLengthGuard(const SourceLengthGuard&) = delete;
-  SourceLengthGuard& operator=(const SourceLengthGuard&) = delete;
-
- private:
-  OCompress::Bytes& source_;
-  int count_;
-};
-
 }  // namespace
 
 OCompress::OCompress() = default;
@@ -190,11 +173,12 @@ int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
     target.SetSize(0);
     return 0;
   }
-  SourceLengthGuard restore(source);
-  if (source.GetCount() % 2 != 0) {
-    for (unsigned char b : kTrailer) source.Add(b);
-  }
-  const std::int32_t words = source.GetCount() / 2;
+  // An odd source is read with the padding trailer after it.
+  m_iInputPadding = source.GetCount() % 2 != 0 ? kTrailerBytes : 0;
+  m_iInputCount = source.GetCount() + m_iInputPadding;
+  m_pInputData = source.GetData();
+  m_iInputReadPosition = 0;
+  const std::int32_t words = m_iInputCount / 2;
 
   const auto window = std::make_unique<std::uint16_t[]>(kRingWords);
   const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
@@ -206,10 +190,7 @@ int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   m_pCandidates = tables->candidates;
   m_pRecentHashes = tables->recent_hashes;
   m_iPosition = m_iLoadedWords = m_iBatchEnd = 0;
-  m_pInputData = source.GetData();
-  m_iInputCount = source.GetCount();
-  m_iInputReadPosition = 0;
-  BeginOutput(target, source.GetCount());
+  BeginOutput(target, m_iInputCount);
 
   lz77();
 
@@ -398,10 +379,17 @@ void OCompress::OUT_LAST_CODE() {
 
 // --- Collection access ----------------------------------------------------
 
+// The source's bytes, then its padding trailer, if any.
 int OCompress::iRead(std::uint8_t* buf, int n) {
   const int count = std::min(n, m_iInputCount - m_iInputReadPosition);
   if (count <= 0) return 0;
-  std::memcpy(buf, m_pInputData + m_iInputReadPosition, static_cast<std::size_t>(count));
+  const int source_bytes = m_iInputCount - m_iInputPadding;
+  const int from_source = std::clamp(source_bytes - m_iInputReadPosition, 0, count);
+  if (from_source > 0) std::memcpy(buf, m_pInputData + m_iInputReadPosition, static_cast<std::size_t>(from_source));
+  if (count > from_source) {
+    std::memcpy(buf + from_source, kTrailer + (m_iInputReadPosition + from_source - source_bytes),
+                static_cast<std::size_t>(count - from_source));
+  }
   m_iInputReadPosition += count;
   return count;
 }
@@ -451,6 +439,7 @@ int OCompress::iDeCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   m_iWindowStart = m_iOutputWords = 0;
   m_pInputData = source.GetData();
   m_iInputCount = source.GetCount();
+  m_iInputPadding = 0;
   m_iInputReadPosition = 0;
   BeginOutput(target, static_cast<int>(std::min<std::int64_t>(
                           std::int64_t{4} * source.GetCount(), std::numeric_limits<int>::max())));

@@ -32,9 +32,9 @@ class OCompress {
   OCompress& operator=(const OCompress&) = default;
   virtual ~OCompress();
 
-  // Replaces `target` with the compressed form of `source`. `source` is
-  // modified during the call (an odd-length source gets the padding trailer)
-  // and restored before return. Returns 1; an empty source returns 0 and
+  // Replaces `target` with the compressed form of `source`, which stays
+  // untouched: the padding trailer of an odd length is read after its bytes
+  // rather than appended to them. Returns 1; an empty source returns 0 and
   // leaves `target` empty. Throws std::bad_alloc when memory runs out.
   int iCompress_LZ77_Fast(Bytes& source, Bytes& target);
 
@@ -118,9 +118,11 @@ class OCompress {
   std::uint64_t m_ullBitBuffer = 0;
   int m_iBufferedBits = 0;
 
-  // The collections of the running call.
+  // The collections of the running call. The input count includes the
+  // padding trailer, if any.
   const std::uint8_t* m_pInputData = nullptr;
   std::int32_t m_iInputCount = 0;
+  std::int32_t m_iInputPadding = 0;
   std::int32_t m_iInputReadPosition = 0;
   std::uint8_t* m_pOutputData = nullptr;
   std::int32_t m_iOutputSize = 0;

@@ -15,7 +15,7 @@ class ScopedWaitCursor {
   ~ScopedWaitCursor();
 
  private:
-  void* previous_ = nullptr;  // the cursor handle to restore
+  [[maybe_unused]] void* previous_ = nullptr;  // the cursor handle to restore (Windows)
 };
 
 }  // namespace nk
