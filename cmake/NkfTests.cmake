@@ -41,3 +41,7 @@ foreach(subsystem IN LISTS _nkf_test_folders)
   nkf_set_warnings(${target})
   nkf_register_tests(${target})
 endforeach()
+
+# The umbrella header must name every public header.
+add_test(NAME umbrella_header_is_complete
+  COMMAND "${CMAKE_COMMAND}" "-DROOT=${PROJECT_SOURCE_DIR}" -P "${PROJECT_SOURCE_DIR}/cmake/NkfUmbrellaCheck.cmake")

@@ -1,0 +1,34 @@
+// NkFoundation: the whole public interface in one include.
+#ifndef NKFOUNDATION_NKFOUNDATION_H_
+#define NKFOUNDATION_NKFOUNDATION_H_
+
+// Object model and serialization.
+#include "nkfoundation/core/application_serialization_data.h"
+#include "nkfoundation/core/byte_stream.h"
+#include "nkfoundation/core/collection.h"
+#include "nkfoundation/core/concurrence.h"
+#include "nkfoundation/core/culture.h"
+#include "nkfoundation/core/date_types.h"
+#include "nkfoundation/core/factorable.h"
+#include "nkfoundation/core/field_list.h"
+#include "nkfoundation/core/file.h"
+#include "nkfoundation/core/file_stream.h"
+#include "nkfoundation/core/frame_walker.h"
+#include "nkfoundation/core/framed_object.h"
+#include "nkfoundation/core/local_time.h"
+#include "nkfoundation/core/memory_stream.h"
+#include "nkfoundation/core/object_array.h"
+#include "nkfoundation/core/object_ids.h"
+#include "nkfoundation/core/progress_ctrl.h"
+#include "nkfoundation/core/serialization_settings.h"
+#include "nkfoundation/core/string_array.h"
+#include "nkfoundation/core/text.h"
+#include "nkfoundation/core/time_stamp.h"
+#include "nkfoundation/core/types.h"
+#include "nkfoundation/core/uuid.h"
+
+// Support services.
+#include "nkfoundation/services/compress.h"
+#include "nkfoundation/services/wait_cursor.h"
+
+#endif  // NKFOUNDATION_NKFOUNDATION_H_
