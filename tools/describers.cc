@@ -4,6 +4,9 @@
 #include <array>
 #include <string>
 
+#include "describe_application_serialization_data.h"
+#include "describe_serialization_settings.h"
+#include "describe_time.h"
 #include "nkfoundation/core/byte_stream.h"
 #include "nkfoundation/core/object_ids.h"
 #include "nkfoundation/core/text.h"
@@ -27,6 +30,9 @@ struct Describer {
 // One entry per class with a field view; classes add theirs here.
 constexpr std::array kDescribers = {
     Describer{nk::object_id::kString, DescribeString},
+    Describer{nk::object_id::kTime, DescribeTime},
+    Describer{nk::object_id::kApplicationSerializationData, DescribeApplicationSerializationData},
+    Describer{nk::object_id::kObjectSerializationSettings, DescribeObjectSerializationSettings},
 };
 
 }  // namespace

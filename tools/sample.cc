@@ -3,8 +3,11 @@
 #include <functional>
 #include <string>
 
+#include "nkfoundation/core/application_serialization_data.h"
 #include "nkfoundation/core/memory_stream.h"
 #include "nkfoundation/core/object_ids.h"
+#include "nkfoundation/core/string_array.h"
+#include "nkfoundation/core/time_stamp.h"
 
 namespace nkf::tools {
 namespace {
@@ -33,11 +36,26 @@ void AddVector(OByteStream& out, std::int64_t x, std::int64_t y) {
 
 std::vector<std::uint8_t> BuildSample() {
   OByteStream_Memory sample;
-  AddFrame(sample, id::kStringArray, [](OByteStream& s) {
-    s.AddUInt32(2);
-    s.AddString(u"Part set 1");
-    s.AddString(u"Pr\u00fcfprogramm");
-  });
+  OStringArray names;
+  names.Add(u"Part set 1");
+  names.Add(u"Pr\u00fcfprogramm");
+  names.AddObjectData(sample);
+
+  OTime taken;
+  taken.m_iYear = 2026;
+  taken.m_iMonth = 11;
+  taken.m_iDayOfMonth = 23;
+  taken.m_iHours = 7;
+  taken.m_iMinutes = 30;
+  taken.m_iMicroSeconds = 250000;
+  taken.AddObjectData(sample);
+
+  OType_ApplicationSerializationData application;
+  application.m_iApplicationID = 7;
+  application.m_oApplication_Info = u"front end 1.0";
+  application.m_oApplication_Data.Copy(reinterpret_cast<const std::uint8_t*>("layout"), 6);
+  application.AddObjectData(sample);
+
   AddFrame(sample, id::kVectorArray, [](OByteStream& s) {
     s.AddUInt32(2);
     AddVector(s, 10 << 16, 20 << 16);
