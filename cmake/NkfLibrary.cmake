@@ -31,6 +31,10 @@ if(NKF_SHARED AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(nkfoundation_objects PRIVATE -fno-semantic-interposition)
 endif()
 target_link_libraries(nkfoundation_objects PRIVATE nkf_utfcpp)
+# The Windows code uses the wide (UTF-16) forms of the Win32 API and names.
+if(WIN32)
+  target_compile_definitions(nkfoundation_objects PRIVATE UNICODE _UNICODE)
+endif()
 
 add_library(nkfoundation $<TARGET_OBJECTS:nkfoundation_objects>)
 add_library(NkFoundation::nkfoundation ALIAS nkfoundation)

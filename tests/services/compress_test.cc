@@ -135,7 +135,7 @@ TEST(CompressExactnessTest, SizesAroundTheRingAndItsReloads) {
 TEST(CompressExactnessTest, LongRunsAndRepeats) {
   ExpectExact(Bytes(100000, 0), "zeros");
   Bytes pattern;
-  for (int i = 0; i < 120000; ++i) pattern.push_back(static_cast<std::uint8_t>((i * i) % 251 < 30 ? 7 : i % 17));
+  for (std::uint32_t i = 0; i < 120000; ++i) pattern.push_back(static_cast<std::uint8_t>((i * i) % 251 < 30 ? 7 : i % 17));
   ExpectExact(pattern, "repeating pattern");
   // A period just inside and just outside the 4095-word window.
   for (std::size_t period : {8188, 8190, 8192}) {
