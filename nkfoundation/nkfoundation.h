@@ -26,6 +26,8 @@
 #include "nkfoundation/core/time_stamp.h"
 #include "nkfoundation/core/types.h"
 #include "nkfoundation/core/uuid.h"
+#include "nkfoundation/core/variant.h"
+#include "nkfoundation/core/variant_array.h"
 
 // Support services.
 #include "nkfoundation/services/compress.h"

@@ -1,0 +1,68 @@
+#include "nkfoundation/core/variant_array.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/bytes.h"
+
+namespace {
+
+using nk::testing::Bytes;
+using nk::testing::Hex;
+using nk::testing::Serialize;
+
+// Count 2, then a byte 7 and the double -1 as whole variant frames.
+const Bytes kTwoVariants = Hex("30000000 002CD0FE 02000000"
+                               "10000000 002BD0FE 00000000 0000000000001C40"
+                               "10000000 002BD0FE 12000000 000000000000F0BF");
+
+OType_VariantArray TwoVariants() {
+  OType_VariantArray array;
+  array.Add(std::make_shared<OType_Variant>());
+  array.At(0)->iSetValueDirect(7, OType_Variant::kUInt8);
+  array.Add(nullptr);  // At() fills the empty slot with a default variant
+  array.At(1)->iSetValueDirect(-1, OType_Variant::kDouble);
+  return array;
+}
+
+TEST(VariantArrayTest, CountThenVariantFrames) {
+  EXPECT_EQ(Serialize(TwoVariants()), kTwoVariants);
+
+  // Reading appends; a newer array's surplus becomes the tail.
+  Bytes newer = nk::testing::Concat(kTwoVariants, Hex("ABCD"));
+  newer[0] += 2;
+  OType_VariantArray array = TwoVariants();
+  auto stream = nk::testing::StreamOf(newer);
+  ASSERT_TRUE(array.GetObjectData(stream, true));
+  ASSERT_EQ(array.GetCount(), 4);
+  EXPECT_EQ(array.At(3)->oStrGetValue(), u"-1.000000");
+  EXPECT_EQ(array.m_oUserData.GetCount(), 2);
+}
+
+TEST(VariantArrayTest, OlderLayoutAndDamagedElements) {
+  // An empty array's payload is 4 bytes, under the 8 that the count needs:
+  // reading it back keeps the count as the tail.
+  OType_VariantArray array;
+  auto empty = nk::testing::StreamOf(Serialize(OType_VariantArray()));
+  ASSERT_TRUE(array.GetObjectData(empty, true));
+  EXPECT_EQ(Serialize(array), Hex("0C000000 002CD0FE 00000000 00000000"));
+
+  // The second element is a string array, not a variant: reading stops and fails.
+  Bytes damaged = kTwoVariants;
+  damaged[32 + 5] = 0x00;  // identifier 0xFED00000
+  OType_VariantArray read;
+  auto stream = nk::testing::StreamOf(damaged);
+  EXPECT_FALSE(read.GetObjectData(stream, true));
+  EXPECT_EQ(read.GetCount(), 1);
+  EXPECT_EQ(read.m_oUserData.GetCount(), 20);
+}
+
+TEST(VariantArrayTest, CopyToCopiesTheVariants) {
+  OType_VariantArray source = TwoVariants();
+  OType_VariantArray target = TwoVariants();
+  source.CopyTo(&target);
+  ASSERT_EQ(target.GetCount(), 2);
+  EXPECT_NE(target.At(0), source.At(0));
+  EXPECT_EQ(Serialize(target), Serialize(source));
+}
+
+}  // namespace
