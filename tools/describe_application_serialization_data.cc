@@ -1,4 +1,4 @@
-#include "describe_application_serialization_data.h"
+#include "field_views.h"
 
 #include <cstdio>
 #include <string>

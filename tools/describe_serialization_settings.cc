@@ -1,4 +1,4 @@
-#include "describe_serialization_settings.h"
+#include "field_views.h"
 
 #include "nkfoundation/core/serialization_settings.h"
 

@@ -1,4 +1,4 @@
-#include "describe_time.h"
+#include "field_views.h"
 
 #include <cstdio>
 

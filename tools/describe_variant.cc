@@ -1,4 +1,4 @@
-#include "describe_variant.h"
+#include "field_views.h"
 
 #include <cstdint>
 #include <cstdio>

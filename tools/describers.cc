@@ -4,9 +4,7 @@
 #include <array>
 #include <string>
 
-#include "describe_application_serialization_data.h"
-#include "describe_serialization_settings.h"
-#include "describe_time.h"
+#include "field_views.h"
 #include "nkfoundation/core/byte_stream.h"
 #include "nkfoundation/core/object_ids.h"
 #include "nkfoundation/core/text.h"
@@ -33,6 +31,7 @@ constexpr std::array kDescribers = {
     Describer{nk::object_id::kTime, DescribeTime},
     Describer{nk::object_id::kApplicationSerializationData, DescribeApplicationSerializationData},
     Describer{nk::object_id::kObjectSerializationSettings, DescribeObjectSerializationSettings},
+    Describer{nk::object_id::kVariant, DescribeVariant},
 };
 
 }  // namespace

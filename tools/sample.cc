@@ -1,13 +1,16 @@
 #include "sample.h"
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "nkfoundation/core/application_serialization_data.h"
 #include "nkfoundation/core/memory_stream.h"
 #include "nkfoundation/core/object_ids.h"
 #include "nkfoundation/core/string_array.h"
 #include "nkfoundation/core/time_stamp.h"
+#include "nkfoundation/core/variant_array.h"
 
 namespace nkf::tools {
 namespace {
@@ -55,6 +58,14 @@ std::vector<std::uint8_t> BuildSample() {
   application.m_oApplication_Info = u"front end 1.0";
   application.m_oApplication_Data.Copy(reinterpret_cast<const std::uint8_t*>("layout"), 6);
   application.AddObjectData(sample);
+
+  OType_VariantArray parameters;
+  for (auto [value, type] : {std::pair{123.0, 3}, std::pair{42255.0, 13}, std::pair{20261123.0, 10}}) {
+    auto variant = std::make_shared<OType_Variant>();
+    variant->iSetValueDirect(value, type);
+    parameters.Add(variant);
+  }
+  parameters.AddObjectData(sample);
 
   AddFrame(sample, id::kVectorArray, [](OByteStream& s) {
     s.AddUInt32(2);

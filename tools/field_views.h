@@ -1,0 +1,30 @@
+// The field views of `nkfoundation inspect`: each reads one frame (a stream
+// holding exactly that frame) as its class and renders the fields; nothing
+// when the frame does not read. describers.cc maps identifiers to them.
+#ifndef NKFOUNDATION_TOOLS_FIELD_VIEWS_H_
+#define NKFOUNDATION_TOOLS_FIELD_VIEWS_H_
+
+#include <optional>
+
+#include "nkfoundation/core/frame_walker.h"
+
+class OByteStream;
+
+namespace nkf::tools {
+
+// The stamp as one date, "time = 2006-01-01 00:00:00.000000".
+std::optional<nk::ObjectDescription> DescribeTime(OByteStream& frame);
+
+// Identifier, text and a hex summary of the data.
+std::optional<nk::ObjectDescription> DescribeApplicationSerializationData(OByteStream& frame);
+
+// The twenty travelling switches by name; none for an older, shorter frame.
+std::optional<nk::ObjectDescription> DescribeObjectSerializationSettings(OByteStream& frame);
+
+// The type code, the stored value to full precision and the display text:
+// "m_iType = 3", "m_dValue = 123", "text = "12.3"".
+std::optional<nk::ObjectDescription> DescribeVariant(OByteStream& frame);
+
+}  // namespace nkf::tools
+
+#endif  // NKFOUNDATION_TOOLS_FIELD_VIEWS_H_
