@@ -32,6 +32,13 @@
 #include "nkfoundation/core/variant.h"
 #include "nkfoundation/core/variant_array.h"
 
+// Geometry.
+#include "nkfoundation/geometry/fixed_point.h"
+#include "nkfoundation/geometry/rotators.h"
+#include "nkfoundation/geometry/vector.h"
+#include "nkfoundation/geometry/vector_array.h"
+#include "nkfoundation/geometry/vector_solver.h"
+
 // Support services.
 #include "nkfoundation/services/compress.h"
 #include "nkfoundation/services/wait_cursor.h"
