@@ -2,18 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "tests/support/bytes.h"
 
+namespace nk::testing {
 namespace {
 
-using nk::testing::Bytes;
-using nk::testing::Hex;
-
 // Identifier 7, the text "ab", three bytes of data with their count.
-const Bytes kFrame = Hex("1B000000 0032D0FE 07000000 08000000 0001CBFE 6100 6200"
-                         "03000000 010203");
+const Bytes kFrame = Hex("1B000000 0032D0FE 07000000 08000000 0001CBFE 6100 6200 03000000 010203");
 const Bytes kEmptyFrame = Hex("14000000 0032D0FE 00000000 04000000 0001CBFE 00000000");
 
 OType_ApplicationSerializationData MakeData() {
@@ -25,34 +20,34 @@ OType_ApplicationSerializationData MakeData() {
 }
 
 TEST(ApplicationSerializationDataTest, DataTravelsAsCountAndBytes) {
-  OType_ApplicationSerializationData data = MakeData();
-  EXPECT_EQ(data.GetObjectSize(), 31u);
-  EXPECT_EQ(nk::testing::Serialize(data), kFrame);
-
-  OType_ApplicationSerializationData empty;
-  EXPECT_EQ(nk::testing::Serialize(empty),
-            Hex("14000000 0032D0FE 00000000 04000000 0001CBFE 00000000"));
-
+  EXPECT_EQ(MakeData().GetObjectSize(), kFrame.size());
+  EXPECT_EQ(Serialize(MakeData()), kFrame);
+  EXPECT_EQ(Serialize(OType_ApplicationSerializationData()), kEmptyFrame);
+  OType_ApplicationSerializationData read;
+  auto stream = StreamOf(kFrame);
+  ASSERT_TRUE(read.GetObjectData(stream, true));
+  EXPECT_EQ(Serialize(read), kFrame);
 }
 
 TEST(ApplicationSerializationDataTest, ShortPayloadResetsOnlyWhenInitializing) {
   const Bytes older = Hex("0C000000 0032D0FE 09000000 04000000");
   for (bool initialize : {false, true}) {
     OType_ApplicationSerializationData data = MakeData();
-    auto stream = nk::testing::StreamOf(older);
+    auto stream = StreamOf(older);
     ASSERT_TRUE(data.GetObjectData(stream, initialize));
     EXPECT_EQ(data.m_oUserData.GetCount(), 8);
     data.m_oUserData.RemoveAll();
-    EXPECT_EQ(nk::testing::Serialize(data), initialize ? kEmptyFrame : kFrame);
+    EXPECT_EQ(Serialize(data), initialize ? kEmptyFrame : kFrame);
   }
 }
 
 TEST(ApplicationSerializationDataTest, ByteCountBeyondTheStreamFails) {
   const Bytes damaged = Hex("14000000 0032D0FE 07000000 04000000 0001CBFE FF000000");
   OType_ApplicationSerializationData data;
-  auto stream = nk::testing::StreamOf(damaged);
+  auto stream = StreamOf(damaged);
   EXPECT_FALSE(data.GetObjectData(stream, true));
   EXPECT_EQ(stream.GetPosition(), damaged.size());
 }
 
 }  // namespace
+}  // namespace nk::testing

@@ -2,40 +2,39 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 #include "tests/support/bytes.h"
 #include "tests/support/framed_test_objects.h"
 
 namespace nk::testing {
 namespace {
 
-TEST(ByteStreamTest, ValuesAreLittleEndianAndStringsAreNestedObjects) {
+// Writes `value` alone, compares the bytes with `hex` and reads it back.
+template <class Value, class Added, class Got>
+void ExpectValue(void (OByteStream::*add)(Added), Got (OByteStream::*get)(), Value value,
+                 std::string_view hex) {
   OByteStream_Memory stream;
-  stream.AddUInt8(0xAB);
-  stream.AddBool(true);
-  stream.AddUInt16(0x1234);
-  stream.AddInt16(-2);
-  stream.AddInt32(-2);
-  stream.AddUInt32(0x01020304);
-  stream.AddInt64(-3);
-  stream.AddUInt64(0x0102030405060708);
-  stream.AddDouble(1.0);
-  stream.AddString(u"ab");
-  stream.AddString(u"");
-  EXPECT_EQ(BytesOf(stream), Hex("AB 01 3412 FEFF FEFFFFFF 04030201 FDFFFFFFFFFFFFFF 0807060504030201"
-                                 "000000000000F03F 08000000 0001CBFE 6100 6200 04000000 0001CBFE"));
-  EXPECT_EQ(stream.GetUInt8(), 0xAB);
-  EXPECT_TRUE(stream.GetBool());
-  EXPECT_EQ(stream.GetUInt16(), 0x1234);
-  EXPECT_EQ(stream.GetInt16(), -2);
-  EXPECT_EQ(stream.GetInt32(), -2);
-  EXPECT_EQ(stream.GetUInt32(), 0x01020304u);
-  EXPECT_EQ(stream.GetInt64(), -3);
-  EXPECT_EQ(stream.GetUInt64(), 0x0102030405060708u);
-  EXPECT_EQ(stream.GetDouble(), 1.0);
-  EXPECT_EQ(stream.GetString(), u"ab");
-  EXPECT_EQ(stream.GetString(), u"");
-  EXPECT_EQ(stream.GetRemaining(), 0u);
-  EXPECT_FALSE(stream.IsFailed());
+  (stream.*add)(value);
+  EXPECT_EQ(BytesOf(stream), Hex(hex)) << hex;
+  EXPECT_EQ((stream.*get)(), value) << hex;
+  EXPECT_EQ(stream.GetRemaining(), 0u) << hex;
+}
+
+TEST(ByteStreamTest, ValuesAreLittleEndianAndStringsAreNestedObjects) {
+  using S = OByteStream;
+  ExpectValue(&S::AddUInt8, &S::GetUInt8, 0xAB, "AB");
+  ExpectValue(&S::AddBool, &S::GetBool, true, "01");
+  ExpectValue(&S::AddUInt16, &S::GetUInt16, 0x1234, "3412");
+  ExpectValue(&S::AddInt16, &S::GetInt16, -2, "FEFF");
+  ExpectValue(&S::AddInt32, &S::GetInt32, -2, "FEFFFFFF");
+  ExpectValue(&S::AddUInt32, &S::GetUInt32, 0x01020304u, "04030201");
+  ExpectValue(&S::AddInt64, &S::GetInt64, -3, "FDFFFFFFFFFFFFFF");
+  ExpectValue(&S::AddUInt64, &S::GetUInt64, 0x0102030405060708u, "0807060504030201");
+  ExpectValue(&S::AddDouble, &S::GetDouble, 1.0, "000000000000F03F");
+  ExpectValue(&S::AddString, &S::GetString, std::u16string(u"ab"), "08000000 0001CBFE 6100 6200");
+  ExpectValue(&S::AddString, &S::GetString, std::u16string(), "04000000 0001CBFE");
 }
 
 TEST(ByteStreamTest, BeginGetObjectAcceptsOnlyAWholeFrameOfTheExpectedClass) {
