@@ -25,6 +25,10 @@ std::optional<nk::ObjectDescription> DescribeObjectSerializationSettings(OByteSt
 // "m_iType = 3", "m_dValue = 123", "text = "12.3"".
 std::optional<nk::ObjectDescription> DescribeVariant(OByteStream& frame);
 
+// Both coordinates in pixels and raw: "x = 1.5 (raw 98304)". Vector arrays
+// show each element this way.
+std::optional<nk::ObjectDescription> DescribeVector(OByteStream& frame);
+
 }  // namespace nkf::tools
 
 #endif  // NKFOUNDATION_TOOLS_FIELD_VIEWS_H_
