@@ -16,7 +16,9 @@ using Bytes = std::vector<std::uint8_t>;
 
 inline constexpr std::uint8_t kLz77Trailer[7] = {0x00, 0xFA, 0xEB, 0xDC, 0xCD, 0xBE, 0xAF};
 
-// hash[s][len]: the hash of the `len` words from s, wherever they fit.
+// hash[s][len]: the hash of the `len` words from s, wherever they fit. The
+// reference keeps its own copy of the format's byte table rather than the
+// library's, so that an entry changed in either breaks the comparison.
 inline std::vector<std::array<int, 16>> ReferenceHashes(const std::vector<std::uint16_t>& words) {
   static constexpr std::uint8_t kT[256] = {
       0xEB, 0x2E, 0x90, 0x19, 0x3A, 0x9B, 0xFA, 0x77, 0xAB, 0x5D, 0x55, 0xA2, 0x8A, 0x68, 0x4F, 0x1E,
