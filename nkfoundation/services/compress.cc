@@ -542,7 +542,15 @@ void OCompress::OUT_WORD(std::uint16_t word) {
 // and a distance before the first word reads the ring's zeros.
 void OCompress::OUT_STRING(int distance, int length) {
   if (m_iOutputWords + length - m_iWindowStart <= kHeldBackWords) {
-    // No hand-over falls inside: copy without checking for one.
+    // No hand-over falls inside: copy without checking for one, in one piece
+    // when the copy neither overlaps itself nor wraps around the ring.
+    const std::int32_t to = m_iOutputWords & kRingMask;
+    const std::int32_t from = (m_iOutputWords - distance) & kRingMask;
+    if (distance >= length && to + length <= kRingWords && from + length <= kRingWords) {
+      std::memcpy(m_pOutputRing + to, m_pOutputRing + from, 2 * static_cast<std::size_t>(length));
+      m_iOutputWords += length;
+      return;
+    }
     for (int i = 0; i < length; ++i, ++m_iOutputWords) {
       m_pOutputRing[m_iOutputWords & kRingMask] = m_pOutputRing[(m_iOutputWords - distance) & kRingMask];
     }
