@@ -21,3 +21,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 # be shipped beside our executables and our DLL.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
+
+# Floating point in SSE2 registers, as the Windows compilers of the host
+# software generate it: the x87 default would compute in extended precision
+# and change the last bits of float and double results.
+set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse")
+set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")

@@ -32,6 +32,7 @@ constexpr std::array kDescribers = {
     Describer{nk::object_id::kApplicationSerializationData, DescribeApplicationSerializationData},
     Describer{nk::object_id::kObjectSerializationSettings, DescribeObjectSerializationSettings},
     Describer{nk::object_id::kVariant, DescribeVariant},
+    Describer{nk::object_id::kVector, DescribeVector},
 };
 
 }  // namespace

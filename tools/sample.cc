@@ -1,5 +1,6 @@
 #include "sample.h"
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -11,11 +12,11 @@
 #include "nkfoundation/core/string_array.h"
 #include "nkfoundation/core/time_stamp.h"
 #include "nkfoundation/core/variant_array.h"
+#include "nkfoundation/geometry/vector.h"
+#include "nkfoundation/geometry/vector_array.h"
 
 namespace nkf::tools {
 namespace {
-
-namespace id = nk::object_id;
 
 // Appends one frame whose payload `fields` writes.
 void AddFrame(OByteStream& out, std::uint32_t object_id,
@@ -26,13 +27,6 @@ void AddFrame(OByteStream& out, std::uint32_t object_id,
   out.AddUInt32(static_cast<std::uint32_t>(4 + bytes.GetCount()));
   out.AddUInt32(object_id);
   out.AddByteArray(bytes);
-}
-
-void AddVector(OByteStream& out, std::int64_t x, std::int64_t y) {
-  AddFrame(out, id::kVector, [=](OByteStream& s) {
-    s.AddInt64(x);
-    s.AddInt64(y);
-  });
 }
 
 }  // namespace
@@ -67,19 +61,20 @@ std::vector<std::uint8_t> BuildSample() {
   }
   parameters.AddObjectData(sample);
 
-  AddFrame(sample, id::kVectorArray, [](OByteStream& s) {
-    s.AddUInt32(2);
-    AddVector(s, 10 << 16, 20 << 16);
-    AddVector(s, -(3 << 16), 1 << 15);
-  });
+  OVector_Array outline;
+  outline.Add(std::make_shared<OVector>(10, 20));
+  outline.Add(std::make_shared<OVector>(-3.0, 0.5));
+  outline.AddObjectData(sample);
+
+  // A class this version does not know.
   AddFrame(sample, 0xFED0FF00, [](OByteStream& s) { s.AddUInt32(0xC0FFEE); });
+
   // An array from a newer writer: two bytes after the elements that this
   // version keeps as the tail.
-  AddFrame(sample, id::kVectorArray, [](OByteStream& s) {
-    s.AddUInt32(1);
-    AddVector(s, 0, 0);
-    s.AddUInt16(0xBEEF);
-  });
+  OVector_Array newer;
+  newer.Add(std::make_shared<OVector>());
+  newer.m_oUserData.Copy(std::array<std::uint8_t, 2>{0xEF, 0xBE}.data(), 2);
+  newer.AddObjectData(sample);
   const WritableCollection<std::uint8_t>& bytes = sample;
   return {bytes.begin(), bytes.end()};
 }
