@@ -5,48 +5,23 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "fuzz/round_trip.h"
 #include "nkfoundation/core/frame_walker.h"
 #include "nkfoundation/core/memory_stream.h"
 #include "tests/support/framed_test_objects.h"
 
 namespace {
 
+using nk::fuzz::Check;
+using nk::fuzz::ReadObject;
 using nk::testing::TestPoint;
 using nk::testing::TestPointArray;
 using nk::testing::TestShape;
-
-void Check(bool promise) {
-  if (!promise) std::abort();
-}
-
-std::vector<std::uint8_t> Serialize(AFactorable& object) {
-  OByteStream_Memory stream;
-  object.AddObjectData(stream);
-  return {stream.GetBuffer().begin(), stream.GetBuffer().end()};
-}
-
-// Whatever an object made of the bytes, writing it and reading that back
-// must reproduce the same bytes, and its size must be what it writes.
-template <class Object>
-void ReadObject(OByteStream& stream) {
-  Object object;
-  if (!object.GetObjectData(stream, true)) return;
-  const std::vector<std::uint8_t> written = Serialize(object);
-  Check(written.size() == object.GetObjectSize());
-  // Except for a frame below the minimum, which reads as tail only (an empty
-  // array's count among it); that is the format's rule, not a loss.
-  if (written.size() - 8 < Object::kFrame.min_payload) return;
-  OByteStream_Memory again(written.data(), written.size());
-  Object copy;
-  Check(copy.GetObjectData(again, true) && again.GetRemaining() == 0);
-  Check(Serialize(copy) == written);
-}
 
 template <class T>
 void ReadValue(OByteStream& stream, bool (OByteStream::*get)(T&)) {
