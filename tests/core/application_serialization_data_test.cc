@@ -29,7 +29,8 @@ TEST(ApplicationSerializationDataTest, DataTravelsAsCountAndBytes) {
   EXPECT_EQ(Serialize(read), kFrame);
 }
 
-TEST(ApplicationSerializationDataTest, ShortPayloadResetsOnlyWhenInitializing) {
+TEST(ApplicationSerializationDataTest, OlderAndDamagedFrames) {
+  // A short payload resets the fields only when initializing.
   const Bytes older = Hex("0C000000 0032D0FE 09000000 04000000");
   for (bool initialize : {false, true}) {
     OType_ApplicationSerializationData data = MakeData();
@@ -39,13 +40,11 @@ TEST(ApplicationSerializationDataTest, ShortPayloadResetsOnlyWhenInitializing) {
     data.m_oUserData.RemoveAll();
     EXPECT_EQ(Serialize(data), initialize ? kEmptyFrame : kFrame);
   }
-}
 
-TEST(ApplicationSerializationDataTest, ByteCountBeyondTheStreamFails) {
+  // A byte count beyond the stream fails the read, which still ends at the frame.
   const Bytes damaged = Hex("14000000 0032D0FE 07000000 04000000 0001CBFE FF000000");
-  OType_ApplicationSerializationData data;
   auto stream = StreamOf(damaged);
-  EXPECT_FALSE(data.GetObjectData(stream, true));
+  EXPECT_FALSE(OType_ApplicationSerializationData().GetObjectData(stream, true));
   EXPECT_EQ(stream.GetPosition(), damaged.size());
 }
 

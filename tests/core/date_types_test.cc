@@ -14,7 +14,7 @@ Fields FieldsOf(const COleDateTime& d) {
 
 COleDateTime FromFields(const Fields& f) { return COleDateTime(f[0], f[1], f[2], f[3], f[4], f[5]); }
 
-TEST(OleDateTest, FieldsAndValuesConvertBothWays) {
+TEST(OleDateTest, FieldsAndValuesConvertBothWaysWithinRange) {
   // Day 0 is 30 December 1899; before it the fraction still runs forward.
   const std::pair<double, Fields> kDates[] = {
       {0.25, {1899, 12, 30, 6, 0, 0}},     {-1.25, {1899, 12, 29, 6, 0, 0}},
@@ -27,9 +27,7 @@ TEST(OleDateTest, FieldsAndValuesConvertBothWays) {
   }
   // The time of day resolves to the nearest second, across midnight too.
   EXPECT_EQ(FieldsOf(COleDateTime(1.0 - 0.4 / 86400)), (Fields{1899, 12, 31, 0, 0, 0}));
-}
 
-TEST(OleDateTest, OutOfRangeFieldsAndValuesDoNotConvert) {
   const Fields kBad[] = {{99, 12, 31, 0, 0, 0}, {10000, 1, 1, 0, 0, 0}, {2001, 2, 29, 0, 0, 0},
                          {2000, 13, 1, 0, 0, 0}, {2000, 1, 1, 24, 0, 0}, {2000, 1, 1, 0, 0, 60}};
   for (const Fields& f : kBad) {

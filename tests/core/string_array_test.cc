@@ -19,7 +19,7 @@ TEST(StringArrayFrameTest, CountThenNestedStrings) {
 
 // Unlike the object arrays, reading does not append; even a payload too short
 // for the count empties the array.
-TEST(StringArrayFrameTest, ReadingReplacesTheStrings) {
+TEST(StringArrayFrameTest, ReadingReplacesTheStringsOrFails) {
   OStringArray strings;
   strings.Add(u"old");
   const Bytes newer = Hex("12000000 0000D0FE 01000000 04000000 0001CBFE 7A7A");
@@ -30,12 +30,9 @@ TEST(StringArrayFrameTest, ReadingReplacesTheStrings) {
   auto older = StreamOf(Hex("08000000 0000D0FE 05000000"));
   ASSERT_TRUE(strings.GetObjectData(older, true));
   EXPECT_EQ(strings.GetCount(), 0);
-}
 
-TEST(StringArrayFrameTest, AStringThatFailsFailsTheArray) {
-  // The count promises two strings; the second is missing although the
-  // stream stands exactly at the frame's end.
-  OStringArray strings;
+  // A string that fails fails the array, even when the count promises a
+  // second string and the stream stands exactly at the frame's end.
   auto missing = StreamOf(Hex("14000000 0000D0FE 02000000 0A000000 0001CBFE 6100 6200 6300"));
   EXPECT_FALSE(strings.GetObjectData(missing, true));
   EXPECT_EQ(strings.GetCount(), 1);

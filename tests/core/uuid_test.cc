@@ -19,13 +19,12 @@ TEST(UuidTest, TextShowsHexNumbersThenRawCharacters) {
   EXPECT_EQ(with_raw_bytes.ToUtf16String()[12], u'\u00ff');
 }
 
-TEST(UuidTest, ShortByteInputIsPaddedWithZeros) {
+// Short byte input is padded with zeros; the empty identifier is one shared
+// zero, and random ones differ.
+TEST(UuidTest, ZeroPaddingEmptyAndRandom) {
   const Uuid uuid(-2, -3, 0x1234, 1, 2, 3, 4, 5, 6, 7, -8);
   EXPECT_EQ(Uuid(uuid.Data().data(), 16), uuid);
   EXPECT_EQ(Uuid(uuid.Data().data(), 4), Uuid(-2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
-}
-
-TEST(UuidTest, EmptyIsOneSharedZeroAndRandomOnesDiffer) {
   EXPECT_EQ(*Uuid::Empty(), Uuid(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
   EXPECT_EQ(Uuid::Empty().get(), Uuid::Empty().get());
   EXPECT_FALSE(Uuid::Equals(*Uuid::Random(), *Uuid::Random()));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <optional>
 #include <random>
 #include <string>
 #include <tuple>
@@ -12,11 +13,8 @@
 #include "tests/support/bytes.h"
 #include "tests/support/counting_progress.h"
 
+namespace nk::testing {
 namespace {
-
-using nk::testing::Bytes;
-using nk::testing::Hex;
-using nk::testing::Serialize;
 
 OType_Variant Make(int type, double value) {
   OType_Variant variant;
@@ -25,64 +23,48 @@ OType_Variant Make(int type, double value) {
   return variant;
 }
 
-std::string TextOf(int type, double value) { return nk::ToUtf8(Make(type, value).oStrGetValue()); }
+std::string TextOf(int type, double value) { return ToUtf8(Make(type, value).oStrGetValue()); }
 
-struct Shown {
-  int type;
-  double value;
-  const char* text;
-};
+// A type, a value and the text that shows it.
+using Shown = std::tuple<int, double, const char*>;
 
 TEST(VariantFrameTest, TypeAndValueWithoutTailOrProgress) {
-  const Bytes tenths = Hex("10000000 002BD0FE 03000000 0000000000C05E40");  // 12.3 as 123
-  OType_Variant variant = Make(3, 123);
-  variant.m_oUserData.Add(0xEE);  // a variant never writes a tail
+  OType_Variant variant = Make(3, 123);  // 12.3 in tenths
+  variant.m_oUserData.Add(0xEE);         // a variant never writes a tail
   EXPECT_EQ(variant.GetObjectSize(), 20u);
-  EXPECT_EQ(Serialize(variant), tenths);
+  EXPECT_EQ(Serialize(variant), Hex("10000000 002BD0FE 03000000 0000000000C05E40"));
 
   // A newer frame is read and its surplus skipped; an older one (8 of the 12
-  // bytes) keeps the value or resets it by the flag; another class is refused.
+  // bytes) keeps the value or resets it by the flag.
   const Bytes newer = Hex("13000000 002BD0FE 03000000 0000000000C05E40 010203");
   const Bytes older = Hex("0C000000 002BD0FE 07000000 01020304");
-  const Bytes other = Hex("10000000 002CD0FE 00000000 0000000000000000");
-  const Bytes kept = Serialize(Make(1, 5));
-  const Bytes reset = Serialize(OType_Variant());
-  const std::tuple<const Bytes&, bool, bool, const Bytes&> kCases[] = {
-      {newer, false, true, tenths}, {older, false, true, kept},
-      {older, true, true, reset},   {other, true, false, kept}};
-  nk::testing::CountingProgress progress;
-  for (const auto& [frame, initialize, reads, result] : kCases) {
+  const std::tuple<const Bytes&, bool, OType_Variant> kCases[] = {
+      {newer, false, variant}, {older, false, Make(1, 5)}, {older, true, OType_Variant()}};
+  CountingProgress progress;
+  for (const auto& [frame, initialize, result] : kCases) {
     OType_Variant read = Make(1, 5);
-    auto stream = nk::testing::StreamOf(frame);
+    auto stream = StreamOf(frame);
     stream.SetProgressCtrl(&progress);
-    EXPECT_EQ(read.GetObjectData(stream, initialize), reads);
-    EXPECT_TRUE(!reads || stream.GetPosition() == frame.size());
-    EXPECT_EQ(Serialize(read), result);
+    ASSERT_TRUE(read.GetObjectData(stream, initialize));
+    EXPECT_EQ(stream.GetPosition(), frame.size());
+    EXPECT_EQ(Serialize(read), Serialize(OType_Variant(result)));
   }
   EXPECT_EQ(progress.steps, 0);
 }
 
 TEST(VariantValueTest, RangesAndRounding) {
-  struct Case {
-    double value;
-    int type;
-    bool stored;
-    double result;
-  };
-  const Case kCases[] = {
-      {255.4, 0, true, 255},  {255.5, 0, false, 0},  {-0.4, 0, true, 0},  {-0.5, 0, true, 0},
-      {-0.6, 0, false, 0},    {-2.5, 1, true, -3},   {2.5, 1, true, 3},    {-32768.5, 1, false, 0},
-      {65535.49, 2, true, 65535}, {-3276.84, 5, true, -3277}, {2147483647.4, 7, true, 2147483647},
-      {4294967295.4, 8, true, 4294967295}, {4294967295.5, 19, false, 0}, {NAN, 17, false, 0},
-      {0.1, 9, true, static_cast<float>(0.1)}, {1e300, 18, true, 1e300},
-      {20211405, 10, true, 20211405}, {1, 20, false, 0}, {1, -1, false, 0},
-  };
-  for (const Case& c : kCases) {
+  // Value, type, and what is stored; {} when refused.
+  const std::tuple<double, int, std::optional<double>> kCases[] = {
+      {255.4, 0, 255}, {255.5, 0, {}}, {-0.4, 0, 0}, {-0.5, 0, 0}, {-0.6, 0, {}}, {-2.5, 1, -3},
+      {2.5, 1, 3}, {-32768.5, 1, {}}, {65535.49, 2, 65535}, {-3276.84, 5, -3277},
+      {2147483647.4, 7, 2147483647}, {4294967295.4, 8, 4294967295}, {4294967295.5, 19, {}},
+      {NAN, 17, {}}, {0.1, 9, static_cast<float>(0.1)}, {1e300, 18, 1e300},
+      {20211405, 10, 20211405}, {1, 20, {}}, {1, -1, {}}};
+  for (const auto& [value, type, stored] : kCases) {
     OType_Variant variant = Make(4, 77);
-    EXPECT_EQ(variant.iSetValueDirect(c.value, c.type), c.stored ? 1 : 0)
-        << c.value << " " << c.type;
-    EXPECT_EQ(variant.iGetType(), c.stored ? c.type : 4);
-    EXPECT_EQ(variant.dGetValue(), c.stored ? c.result : 77);
+    EXPECT_EQ(variant.iSetValueDirect(value, type), stored ? 1 : 0) << value << " " << type;
+    EXPECT_EQ(variant.iGetType(), stored ? type : 4);
+    EXPECT_EQ(variant.dGetValue(), stored.value_or(77));
   }
   OType_Variant bits = Make(12, 0);  // the one-argument form keeps the type
   EXPECT_EQ(bits.iSetValueDirect(300), 0);
@@ -105,12 +87,12 @@ TEST(VariantTextTest, EveryTypeReadsBackItsOwnText) {
       {16, 0xBEEF, "0xbeef"}, {17, 255, "0x000000ff"}, {18, -0.25, "-0.250000"},
       {18, INFINITY, "inf"},
   };
-  for (const Shown& c : kCases) {
-    EXPECT_EQ(TextOf(c.type, c.value), c.text) << c.type;
+  for (const auto& [type, value, text] : kCases) {
+    EXPECT_EQ(TextOf(type, value), text) << type;
     OType_Variant read;
-    ASSERT_TRUE(read.bSetValue(nk::ToUtf16(c.text), c.type)) << c.text;
-    EXPECT_EQ(read.iGetType(), c.type);
-    EXPECT_EQ(read.dGetValue(), c.value) << c.text;
+    ASSERT_TRUE(read.bSetValue(ToUtf16(text), type)) << text;
+    EXPECT_EQ(read.iGetType(), type);
+    EXPECT_EQ(read.dGetValue(), value) << text;
   }
 }
 
@@ -126,12 +108,10 @@ TEST(VariantTextTest, RandomValuesRoundTrip) {
       if (type == 11) value = std::fmod(std::fabs(value), 240000);
       if (variant.iSetValueDirect(value, type) == 0) continue;
       const std::u16string text = variant.oStrGetValue();
+      const bool shown = text != u"Invalid DateTime";
       OType_Variant read;
-      if (text == u"Invalid DateTime") {
-        EXPECT_FALSE(read.bSetValue(text, type));
-        continue;
-      }
-      ASSERT_TRUE(read.bSetValue(text, type)) << nk::ToUtf8(text);
+      ASSERT_EQ(read.bSetValue(text, type), shown) << ToUtf8(text);
+      if (!shown) continue;
       EXPECT_EQ(read.oStrGetValue(), text);
       // Only the rounded types store what their text shows.
       if (type < 9 || (type > 11 && type < 18)) {
@@ -143,10 +123,9 @@ TEST(VariantTextTest, RandomValuesRoundTrip) {
 
 TEST(VariantTextTest, TextsKeptAsTheyAre) {
   // Magnitudes, 0x80000000 beyond int, bits too wide to show, hidden values.
-  const Shown kCases[] = {{0, -7.9, "7"},    {0, 5e9, "-2147483648"}, {4, -123, "12.3"},
-                          {12, 256, ""},     {13, 65536, ""},         {15, 300, "0x12c"},
-                          {19, 1234, ""},    {25, 1, ""}};
-  for (const Shown& c : kCases) EXPECT_EQ(TextOf(c.type, c.value), c.text);
+  const Shown kCases[] = {{0, -7.9, "7"}, {0, 5e9, "-2147483648"}, {4, -123, "12.3"}, {12, 256, ""},
+                          {13, 65536, ""}, {15, 300, "0x12c"}, {19, 1234, ""}, {25, 1, ""}};
+  for (const auto& [type, value, text] : kCases) EXPECT_EQ(TextOf(type, value), text);
   for (double rejected : {0.0, 20230229.0, 20231301.0, 1e300, -20240101.0}) {
     EXPECT_EQ(TextOf(10, rejected), "Invalid DateTime") << rejected;
   }
@@ -157,41 +136,37 @@ TEST(VariantTextTest, TextsKeptAsTheyAre) {
   }
 }
 
-TEST(VariantTextTest, ReadingRefusesWhatNoValueOfTheTypeShows) {
+// Reading is the inverse of the text: what no value of the type shows is
+// refused.
+TEST(VariantTextTest, ReadingTakesOnlyWhatTheTypeShows) {
   OType_Variant variant = Make(1, 42);
   const std::pair<const char16_t*, int> kRefused[] = {
       {u"256", 0}, {u"-1", 0}, {u"12.5", 1}, {u"abc", 7}, {u"1 0000 0000", 12},
       {u"0x1ffffffff", 17}, {u"0x", 15}, {u"", 19}, {u"Invalid DateTime", 10},
       {u"30.02.2024", 10}, {u"24:00:00", 11}, {u"\u00B2", 1}, {u"1", 20}};
-  for (const auto& [text, type] : kRefused) {
-    EXPECT_FALSE(variant.bSetValue(text, type)) << nk::ToUtf8(text);
-  }
+  for (const auto& [text, type] : kRefused) EXPECT_FALSE(variant.bSetValue(text, type)) << type;
+  EXPECT_FALSE(variant.bSetValue(static_cast<OType_Variant*>(nullptr)));
   EXPECT_EQ(Serialize(variant), Serialize(Make(1, 42)));
 
   // Lenient where nothing is ambiguous: blanks, no key marker, no "0x".
-  EXPECT_TRUE(variant.bSetValue(u" 12.34 ", 5));
-  EXPECT_EQ(variant.dGetValue(), 1234);
-  EXPECT_TRUE(variant.bSetValue(u"1.2.2003", 10));
-  EXPECT_EQ(variant.dGetValue(), 20030201);
-  EXPECT_TRUE(variant.bSetValue(u"ff", 15));
-  EXPECT_EQ(variant.dGetValue(), 255);
-}
-
-TEST(VariantTextTest, OwnTextKeepsTheValue) {
-  // Texts that stand for many values leave the value alone.
-  for (OType_Variant variant : {Make(18, 1.23456789), Make(19, 4e9), Make(10, 20230229)}) {
-    const OType_Variant before = variant;
-    EXPECT_TRUE(variant.bSetValue(variant.oStrGetValue(), variant.iGetType()));
-    EXPECT_EQ(variant.dGetValue(), before.dGetValue());
+  const std::tuple<const char16_t*, int, double> kRead[] = {
+      {u" 12.34 ", 5, 1234}, {u"1.2.2003", 10, 20030201}, {u"ff", 15, 255}};
+  for (const auto& [text, type, value] : kRead) {
+    EXPECT_TRUE(variant.bSetValue(text, type)) << ToUtf8(text);
+    EXPECT_EQ(variant.dGetValue(), value);
   }
-  OType_Variant variant = Make(18, 1.23456789);
-  EXPECT_TRUE(variant.bSetValue(u"1.234568", 9));
-  EXPECT_EQ(variant.dGetValue(), static_cast<float>(1.234568));
 
-  OType_Variant copy;
-  EXPECT_TRUE(copy.bSetValue(std::make_shared<OType_Variant>(variant)));
-  EXPECT_EQ(Serialize(copy), Serialize(variant));
-  EXPECT_FALSE(copy.bSetValue(static_cast<OType_Variant*>(nullptr)));
+  // A text that stands for many values keeps the one it came from, unless it
+  // is read as another type.
+  for (OType_Variant own : {Make(18, 1.23456789), Make(19, 4e9), Make(10, 20230229)}) {
+    const double before = own.dGetValue();
+    EXPECT_TRUE(own.bSetValue(own.oStrGetValue(), own.iGetType()));
+    EXPECT_EQ(own.dGetValue(), before);
+  }
+  OType_Variant retyped = Make(18, 1.23456789);
+  EXPECT_TRUE(retyped.bSetValue(retyped.oStrGetValue(), 9));
+  EXPECT_EQ(retyped.dGetValue(), static_cast<float>(1.234568));
 }
 
 }  // namespace
+}  // namespace nk::testing
