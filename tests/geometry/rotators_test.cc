@@ -3,44 +3,25 @@
 #include <gtest/gtest.h>
 
 #include <numbers>
+#include <utility>
 
 namespace {
 
 constexpr double kPi = std::numbers::pi;
 constexpr std::int64_t kOne = 65536;
 
-TEST(RotatorsTest, PointRotatorTurnsAboutItsCentre) {
-  // A quarter turn takes the x axis to the y axis.
-  int x = 1;
-  int y = 0;
-  OPointRotator(kPi / 2, 0, 0).RotatePoint(x, y);
-  EXPECT_EQ(x, 0);
-  EXPECT_EQ(y, 1);
-
-  x = 11;
-  y = 10;
-  OPointRotator(kPi, 10, 10).RotatePoint(x, y);
-  EXPECT_EQ(x, 9);
-  EXPECT_EQ(y, 10);
-
-  // About (1.5, 0) in pixels, a raw point.
-  std::int64_t xr = 0;
-  std::int64_t yr = 0;
-  OPointRotator(kPi, 1.5, 0.0).RotatePoint(2 * kOne, std::int64_t{0}, xr, yr);
-  EXPECT_EQ(xr, kOne);
-  EXPECT_EQ(yr, 0);
+std::pair<int, int> Turned(const OPointRotator& rotator, int x, int y) {
+  rotator.RotatePoint(x, y);
+  return {x, y};
 }
 
-TEST(RotatorsTest, WholePixelsRoundHalfUp) {
-  // A half turn about x = 0.25 maps 0 to 0.5 and 1 to -0.5.
+TEST(RotatorsTest, PointRotatorTurnsWholePixelsAboutItsCentre) {
+  // A quarter turn about (10, 10) takes the point to its right to the one above.
+  EXPECT_EQ(Turned(OPointRotator(kPi / 2, 10, 10), 11, 10), std::pair(10, 11));
+  // A half turn about x = 0.25 maps 0 to 0.5 and 1 to -0.5: half up.
   const OPointRotator half_turn(kPi, 0.25, 0.0);
-  int x = 0;
-  int y = 0;
-  half_turn.RotatePoint(x, y);
-  EXPECT_EQ(x, 1);
-  x = 1;
-  half_turn.RotatePoint(x, y);
-  EXPECT_EQ(x, 0);
+  EXPECT_EQ(Turned(half_turn, 0, 0), std::pair(1, 0));
+  EXPECT_EQ(Turned(half_turn, 1, 0), std::pair(0, 0));
 }
 
 TEST(RotatorsTest, PointRotatorTruncatesWhereVectorRotatorRounds) {
@@ -58,8 +39,7 @@ TEST(RotatorsTest, PointRotatorTruncatesWhereVectorRotatorRounds) {
 
   // The single-precision form about (1, 1).
   OVector p(2, 1);
-  const OVectorRotator quarter(static_cast<float>(kPi / 2), OVector(1, 1));
-  quarter.RotateVector(p);
+  OVectorRotator(static_cast<float>(kPi / 2), OVector(1, 1)).RotateVector(p);
   EXPECT_EQ(p, OVector(1, 2));
 }
 
