@@ -97,60 +97,6 @@ bool FieldsFromOleDate(double date, DateFields* out) {
   return civil.year >= kFirstYear && civil.year <= kLastYear;
 }
 
-// --- Parsing -------------------------------------------------------------
-
-bool IsSpace(char16_t c) { return c == u' ' || c == u'\t'; }
-
-// Reads numbers of one to four digits separated by `separator`; true when
-// the whole word is consumed and holds `min_count` to `max_count` numbers.
-bool ParseNumbers(std::u16string_view word, char16_t separator, int min_count, int max_count,
-                  int* numbers, int* count) {
-  *count = 0;
-  std::size_t i = 0;
-  while (true) {
-    int value = 0;
-    std::size_t digits = 0;
-    while (i < word.size() && word[i] >= u'0' && word[i] <= u'9' && digits < 4) {
-      value = value * 10 + (word[i] - u'0');
-      ++i;
-      ++digits;
-    }
-    if (digits == 0 || *count == max_count) return false;
-    numbers[(*count)++] = value;
-    if (i == word.size()) return *count >= min_count;
-    if (word[i] != separator) return false;
-    ++i;
-  }
-}
-
-bool ParseDate(std::u16string_view word, DateFields* fields) {
-  int numbers[3];
-  int count = 0;
-  if (ParseNumbers(word, u'.', 3, 3, numbers, &count)) {
-    fields->day = numbers[0];
-    fields->month = numbers[1];
-    fields->year = numbers[2];
-    return true;
-  }
-  if (ParseNumbers(word, u'-', 3, 3, numbers, &count)) {
-    fields->year = numbers[0];
-    fields->month = numbers[1];
-    fields->day = numbers[2];
-    return true;
-  }
-  return false;
-}
-
-bool ParseTime(std::u16string_view word, DateFields* fields) {
-  int numbers[3] = {0, 0, 0};
-  int count = 0;
-  if (!ParseNumbers(word, u':', 2, 3, numbers, &count)) return false;
-  fields->hour = numbers[0];
-  fields->minute = numbers[1];
-  fields->second = numbers[2];
-  return true;
-}
-
 }  // namespace
 
 // --- CTime -------------------------------------------------------------------
@@ -258,53 +204,6 @@ std::u16string COleDateTime::Format(std::u16string_view format) const {
     }
   }
   return text;
-}
-
-bool COleDateTime::ParseDateTime(std::u16string_view text, std::uint32_t flags) {
-  // Split into at most two words.
-  std::u16string_view words[2];
-  int word_count = 0;
-  std::size_t i = 0;
-  while (i < text.size()) {
-    if (IsSpace(text[i])) {
-      ++i;
-      continue;
-    }
-    const std::size_t start = i;
-    while (i < text.size() && !IsSpace(text[i])) ++i;
-    if (word_count == 2) {
-      word_count = 3;
-      break;
-    }
-    words[word_count++] = text.substr(start, i - start);
-  }
-
-  DateFields fields{1899, 12, 30, 0, 0, 0};
-  bool has_date = false;
-  bool has_time = false;
-  bool ok = word_count >= 1 && word_count <= 2;
-  for (int w = 0; ok && w < word_count; ++w) {
-    if (!has_date && ParseDate(words[w], &fields)) {
-      has_date = true;
-    } else if (!has_time && ParseTime(words[w], &fields)) {
-      has_time = true;
-    } else {
-      ok = false;
-    }
-  }
-  if (ok && (flags & kTimeValueOnly) != 0) {
-    fields.year = 1899;
-    fields.month = 12;
-    fields.day = 30;
-  }
-  if (ok && (flags & kDateValueOnly) != 0) fields.hour = fields.minute = fields.second = 0;
-  if (!ok || SetDateTime(fields.year, fields.month, fields.day, fields.hour, fields.minute,
-                         fields.second) != valid) {
-    m_dt = 0.0;
-    m_status = invalid;
-    return false;
-  }
-  return true;
 }
 
 #endif  // !NK_HAVE_MFC

@@ -60,10 +60,6 @@ class COleDateTime {
  public:
   enum DateTimeStatus { error = -1, valid = 0, invalid = 1, null = 2 };
 
-  // `ParseDateTime` flags, with the values of the automation date parser.
-  static constexpr std::uint32_t kTimeValueOnly = 0x1;
-  static constexpr std::uint32_t kDateValueOnly = 0x2;
-
   COleDateTime() = default;
   COleDateTime(double date) : m_dt(date) {}  // NOLINT: the framework's implicit form
   // Status invalid (and the value 0) when a field is out of range.
@@ -88,12 +84,6 @@ class COleDateTime {
   // for itself. A null date renders as empty text; an invalid one, or one
   // whose value does not convert, as "Invalid DateTime".
   std::u16string Format(std::u16string_view format) const;
-
-  // Reads a numeric date and/or time: "d.m.yyyy" or "yyyy-m-d", then
-  // "h:m" or "h:m:s", separated by white space. A time alone lies on
-  // 30 December 1899. The flags drop the part they do not name. On failure
-  // the value becomes 0, the status invalid and the result false.
-  bool ParseDateTime(std::u16string_view text, std::uint32_t flags = 0);
 
   friend bool operator==(const COleDateTime&, const COleDateTime&) = default;
 

@@ -47,20 +47,4 @@ TEST(OleDateTest, FormatRendersFieldsAndKeepsOtherCharacters) {
   EXPECT_EQ(null_date.Format(u"%d"), u"");
 }
 
-TEST(OleDateTest, ParseReadsNumericDatesAndTimes) {
-  COleDateTime date;
-  EXPECT_TRUE(date.ParseDateTime(u"2003-2-1 4:05:06"));
-  EXPECT_EQ(date, COleDateTime(2003, 2, 1, 4, 5, 6));
-  EXPECT_TRUE(date.ParseDateTime(u"  12:30 "));
-  EXPECT_EQ(date, COleDateTime(1899, 12, 30, 12, 30, 0));
-  EXPECT_TRUE(date.ParseDateTime(u"01.02.2003 4:05", COleDateTime::kDateValueOnly));
-  EXPECT_EQ(date, COleDateTime(2003, 2, 1, 0, 0, 0));
-  for (const char16_t* bad : {u"", u"1.2", u"31.2.2003", u"1.2.2003 1:2 x", u"12:30:00:01"}) {
-    COleDateTime refused(5.0);
-    EXPECT_FALSE(refused.ParseDateTime(bad));
-    EXPECT_EQ(refused.m_dt, 0.0);
-    EXPECT_EQ(refused.GetStatus(), COleDateTime::invalid);
-  }
-}
-
 }  // namespace
