@@ -15,7 +15,7 @@ const Bytes kPoint = Hex("20000000 00F1D0FE 0100000000000000 FEFFFFFFFFFFFFFF 08
 Bytes TailOf(const AFramedObject& object) { return {object.m_oUserData.begin(), object.m_oUserData.end()}; }
 
 // What a newer writer appended to the fields is kept as the tail and written
-// back unchanged, the length field grown to match.
+// back unchanged, the length field grown to match; the next read replaces it.
 TEST(FramedObjectTest, WritesFieldsByteExactAndKeepsANewerLayoutsTail) {
   TestPoint point;
   point.m_llX = 1;
@@ -30,6 +30,10 @@ TEST(FramedObjectTest, WritesFieldsByteExactAndKeepsANewerLayoutsTail) {
   ASSERT_TRUE(read.GetObjectData(stream, true));
   EXPECT_EQ(TailOf(read), Hex("0102030405"));
   EXPECT_EQ(Serialize(read), newer);
+  // A frame without surplus leaves no tail behind from an earlier read.
+  auto plain = StreamOf(kPoint);
+  ASSERT_TRUE(read.GetObjectData(plain, false));
+  EXPECT_EQ(Serialize(read), kPoint);
 }
 
 // A member is a whole frame of its own, tail included, and a display attached
