@@ -4,7 +4,6 @@
 // its own text back.
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "fuzz/round_trip.h"
 #include "nkfoundation/core/application_serialization_data.h"
@@ -42,18 +41,16 @@ void ReadOwnText(const OType_Variant& read) {
   Check(back.oStrGetValue() == text);
 }
 
+void ReadVariantText(OByteStream& stream) {
+  OType_Variant variant;
+  if (variant.GetObjectData(stream, true)) ReadOwnText(variant);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  {
-    OByteStream_Memory frame(data, size);
-    ReadObject<OType_Variant>(frame);
-    OByteStream_Memory again(data, size);
-    OType_Variant variant;
-    if (variant.GetObjectData(again, true)) ReadOwnText(variant);
-  }
   for (void (*read)(OByteStream&) :
-       {&ReadObject<OType_VariantArray>, &ReadObject<OVector>, &ReadObject<OVector_Array>,
+       {&ReadObject<OType_Variant>, &ReadVariantText, &ReadObject<OType_VariantArray>, &ReadObject<OVector>, &ReadObject<OVector_Array>,
         &ReadObject<OStringArray>, &ReadObject<OTime>, &ReadObject<OType_ApplicationSerializationData>,
         &ReadSettings}) {
     OByteStream_Memory frame(data, size);
