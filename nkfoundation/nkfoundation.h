@@ -9,6 +9,7 @@
 #include "nkfoundation/core/concurrence.h"
 #include "nkfoundation/core/culture.h"
 #include "nkfoundation/core/date_types.h"
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/factorable.h"
 #include "nkfoundation/core/field_list.h"
 #include "nkfoundation/core/file.h"
