@@ -33,6 +33,10 @@
 #include "nkfoundation/core/variant.h"
 #include "nkfoundation/core/variant_array.h"
 
+// Device and project model.
+#include "nkfoundation/device/device_info.h"
+#include "nkfoundation/device/device_info_fields.h"
+
 // Geometry.
 #include "nkfoundation/geometry/fixed_point.h"
 #include "nkfoundation/geometry/rotators.h"
