@@ -17,9 +17,13 @@ void PrintNode(const nk::FrameNode& node, int depth) {
   const std::string indent(2 * static_cast<std::size_t>(depth), ' ');
   const char* name = node.info ? node.info->name : "unknown class";
   const std::string tail = node.tail ? std::to_string(*node.tail) : "?";
-  std::printf("%s@0x%08" PRIX64 " %s (0x%08" PRIX32 ") size %" PRIu64 ": payload %" PRIu64
+  // A frame that announces more than the file holds is shown as far as it goes.
+  const std::string missing =
+      node.missing ? " (" + std::to_string(node.missing) + " announced bytes past the end)" : "";
+  std::printf("%s@0x%08" PRIX64 " %s (0x%08" PRIX32 ") size %" PRIu64 "%s: payload %" PRIu64
               ", tail %s\n",
-              indent.c_str(), node.offset, name, node.id, node.size, node.payload, tail.c_str());
+              indent.c_str(), node.offset, name, node.id, node.size, missing.c_str(), node.payload,
+              tail.c_str());
   for (const nk::FieldText& field : node.fields) {
     std::printf("%s  %s = %s\n", indent.c_str(), field.name.c_str(), field.value.c_str());
   }

@@ -9,6 +9,7 @@
 #include "nkfoundation/core/application_serialization_data.h"
 #include "nkfoundation/core/memory_stream.h"
 #include "nkfoundation/core/object_ids.h"
+#include "nkfoundation/core/serialization_settings.h"
 #include "nkfoundation/core/string_array.h"
 #include "nkfoundation/core/time_stamp.h"
 #include "nkfoundation/core/variant_array.h"
@@ -75,6 +76,11 @@ std::vector<std::uint8_t> BuildSample() {
   newer.Add(std::make_shared<OVector>());
   newer.m_oUserData.Copy(std::array<std::uint8_t, 2>{0xEF, 0xBE}.data(), 2);
   newer.AddObjectData(sample);
+
+  // Settings announce six bytes more than they write, so they come last:
+  // anywhere else they would take in the start of the next frame.
+  OType_ObjectSerializationSettings(OType_ObjectSerializationSettings::PreDefinedSettings::UndoRedo)
+      .AddObjectData(sample);
   const WritableCollection<std::uint8_t>& bytes = sample;
   return {bytes.begin(), bytes.end()};
 }

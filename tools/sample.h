@@ -8,8 +8,8 @@
 namespace nkf::tools {
 
 // A small file of frames: a string array, an array of vectors, an object of
-// a class this library does not know and one that was written by a newer
-// version with a user-data tail.
+// a class this library does not know, one that was written by a newer
+// version with a user-data tail and, last, serialization settings.
 std::vector<std::uint8_t> BuildSample();
 
 }  // namespace nkf::tools

@@ -1,5 +1,6 @@
 #include "nkfoundation/core/byte_stream.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <type_traits>
@@ -71,22 +72,31 @@ void OByteStream::AddByteArray(const WritableCollection<std::uint8_t>& bytes) {
   if (bytes.GetCount() > 0) AddBytes(bytes.GetData(), static_cast<std::uint64_t>(bytes.GetCount()));
 }
 
-bool OByteStream::BeginGetObject(std::uint32_t expected_id, std::uint64_t& payload,
-                                 std::uint64_t& end) {
+bool OByteStream::GetFrameHeader(std::uint32_t expected_id, std::uint64_t& announced_payload) {
   const std::uint64_t start = GetPosition();
   if (GetRemaining() < kFrameHeaderSize) return false;
   std::uint32_t length = 0;
   std::uint32_t id = 0;
   GetUInt32(length);
   GetUInt32(id);
-  // The length counts the identifier, so a frame always spans 4 + length
-  // bytes; anything shorter, or longer than the stream, is not a frame.
-  if (id != expected_id || length < 4 || length - 4 > GetRemaining()) {
+  // The length counts the identifier, so anything below 4 is not a frame.
+  if (id != expected_id || length < 4) {
     SetPosition(start);
     return false;
   }
-  payload = length - 4;
-  end = start + 4 + length;
+  announced_payload = length - 4;
+  return true;
+}
+
+bool OByteStream::BeginGetObject(std::uint32_t expected_id, std::uint64_t& payload,
+                                 std::uint64_t& end) {
+  std::uint64_t announced = 0;
+  if (!GetFrameHeader(expected_id, announced)) return false;
+  // Serialization settings announce six bytes more than they write, so one
+  // written last in its stream claims bytes that do not exist. The frame is
+  // read as far as the stream goes; what the fields leave becomes the tail.
+  payload = std::min(announced, GetRemaining());
+  end = GetPosition() + payload;
   return true;
 }
 
@@ -104,9 +114,14 @@ bool OByteStream::GetByteArray(WritableCollection<std::uint8_t>& bytes, std::uin
 
 bool OByteStream::GetString(std::u16string& text) {
   text.clear();
+  const std::uint64_t start = GetPosition();
   std::uint64_t payload = 0;
-  std::uint64_t end = 0;
-  if (!BeginGetObject(kStringObjectId, payload, end)) return false;
+  if (!GetFrameHeader(kStringObjectId, payload)) return false;
+  if (payload > GetRemaining()) {
+    SetPosition(start);
+    return false;
+  }
+  const std::uint64_t end = GetPosition() + payload;
   // An odd payload cannot come from a writer of this format; its last byte
   // is skipped so that the reader still lands on the frame's end.
   text.resize(static_cast<std::size_t>(payload / 2));

@@ -54,9 +54,11 @@ class OByteStream {
 
   // Reads the length and identifier of the frame at the read position. On
   // success `payload` is the number of bytes after the identifier and `end`
-  // the position just past the frame. Fails, leaving the read position where
-  // it was, when fewer than 8 bytes remain, the identifier differs, the
-  // length field is below 4 or the frame would end beyond the stream.
+  // the position just past the frame. A frame that announces more than the
+  // stream holds is taken up to the stream's end: payload and end count only
+  // the bytes present. Fails, leaving the read position where it was, when
+  // fewer than 8 bytes remain, the identifier differs or the length field is
+  // below 4.
   bool BeginGetObject(std::uint32_t expected_id, std::uint64_t& payload, std::uint64_t& end);
   // Positions the stream at the end of an object whose nested part failed.
   void AbortGetObject(std::uint64_t end);
@@ -67,8 +69,9 @@ class OByteStream {
   // Replaces the buffer's contents with the next `count` bytes. A count
   // beyond what remains is refused before anything is allocated.
   virtual bool GetByteArray(WritableCollection<std::uint8_t>& bytes, std::uint64_t count);
-  // Reads a nested string object. Refuses (false, text empty) a string that
-  // is not a string object or claims more than the stream holds.
+  // Reads a nested string object. Refuses (false, text empty, position
+  // unchanged) a string that is not a string object or claims more than the
+  // stream holds: cutting it short would change the text.
   bool GetString(std::u16string& text);
 
   bool GetUInt8(std::uint8_t& value);
@@ -116,6 +119,9 @@ class OByteStream {
   void SetFailed() { failed_ = true; }
 
  private:
+  // Reads a frame header of `expected_id` and returns the announced payload,
+  // or, restoring the position, false.
+  bool GetFrameHeader(std::uint32_t expected_id, std::uint64_t& announced_payload);
   template <class T>
   void AddLittleEndian(T value);
   template <class T>

@@ -1,5 +1,7 @@
 #include "nkfoundation/core/frame_walker.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <string>
 
@@ -23,30 +25,40 @@ std::string Hex(std::uint64_t value) {
   return text;
 }
 
+// Where a frame may end when nothing encloses it: anywhere, since a frame
+// that runs past the data is read as far as the data goes.
+constexpr std::uint64_t kUnbounded = UINT64_MAX;
+
 class Walker {
  public:
-  Walker(const std::uint8_t* data, const ObjectDescriber& describe) : data_(data), describe_(describe) {}
+  Walker(const std::uint8_t* data, std::uint64_t size, const ObjectDescriber& describe)
+      : data_(data), size_(size), describe_(describe) {}
 
-  // Reads the frame at `offset`, which must end by `limit`. `node.size`
-  // stays 0 unless the header was sound.
+  // Reads the frame at `offset` (before the data's end), which must end by
+  // `limit`, the end its enclosing frame announces. `node.size` stays 0
+  // unless the header was sound.
   bool Walk(std::uint64_t offset, std::uint64_t limit, int depth, FrameNode& node) {
-    if (limit - offset < OByteStream::kFrameHeaderSize) {
-      return Fail(offset, "truncated frame header: " + std::to_string(limit - offset) +
-                              " bytes left, 8 needed");
+    const std::uint64_t left = std::min(limit, size_) - offset;
+    if (left < OByteStream::kFrameHeaderSize) {
+      return Fail(offset, "truncated frame header: " + std::to_string(left) + " bytes left, 8 needed");
     }
     const std::uint32_t length = LoadU32(data_ + offset);
     if (length < 4) return Fail(offset, "length field " + std::to_string(length) + " is below 4");
-    if (length > limit - offset - 4) {
-      return Fail(offset, "frame claims " + std::to_string(4 + std::uint64_t{length}) +
-                              " bytes but only " + std::to_string(limit - offset) + " are left");
+    const std::uint64_t announced = 4 + std::uint64_t{length};
+    if (limit != kUnbounded && announced > limit - offset) {
+      return Fail(offset, "frame claims " + std::to_string(announced) + " bytes but its enclosing frame has " +
+                              std::to_string(limit - offset) + " left");
     }
     if (depth > kMaxDepth) return Fail(offset, "frames nested deeper than " + std::to_string(kMaxDepth));
 
+    // A frame that runs past the data (as settings written last do) is taken
+    // up to the data's end, as the objects' readers take it.
     node.offset = offset;
-    node.size = 4 + std::uint64_t{length};
+    node.size = std::min(announced, size_ - offset);
+    node.missing = announced - node.size;
     node.id = LoadU32(data_ + offset + 4);
     node.info = FindObjectClass(node.id);
-    node.payload = length - 4;
+    node.payload = node.size - OByteStream::kFrameHeaderSize;
     const FrameKind kind = node.info ? node.info->kind : FrameKind::kObject;
     if (kind == FrameKind::kObjectArray && node.info->leading_bytes >= 0) {
       return WalkArray(node, depth);
@@ -74,9 +86,10 @@ class Walker {
     node.fields.push_back({"count", std::to_string(count)});
     // A count larger than the elements present is tolerated by readers
     // (they stop at the frame's end), so it is shown, not rejected.
+    const std::uint64_t announced_end = end + node.missing;
     for (std::uint32_t i = 0; i < count && position < end; ++i) {
       FrameNode child;
-      const bool ok = Walk(position, end, depth + 1, child);
+      const bool ok = Walk(position, announced_end, depth + 1, child);
       position += child.size;
       if (child.size != 0) node.children.push_back(std::move(child));
       if (!ok) return false;
@@ -102,6 +115,7 @@ class Walker {
   }
 
   const std::uint8_t* data_;
+  std::uint64_t size_;
   const ObjectDescriber& describe_;
   std::optional<WalkError> error_;
 };
@@ -110,10 +124,10 @@ class Walker {
 
 WalkResult WalkFrames(const std::uint8_t* data, std::uint64_t size, const ObjectDescriber& describe) {
   WalkResult result;
-  Walker walker(data, describe);
+  Walker walker(data, size, describe);
   for (std::uint64_t offset = 0; offset < size;) {
     FrameNode node;
-    const bool ok = walker.Walk(offset, size, 0, node);
+    const bool ok = walker.Walk(offset, kUnbounded, 0, node);
     offset += node.size;
     // A frame whose header was sound is kept even when one of its elements
     // is damaged, so that everything readable is shown.

@@ -36,7 +36,8 @@ using ObjectDescriber =
 
 struct FrameNode {
   std::uint64_t offset = 0;
-  std::uint64_t size = 0;  // the whole frame, header included
+  std::uint64_t size = 0;  // the whole frame, header included, as far as the data goes
+  std::uint64_t missing = 0;  // bytes the length field announces beyond the data's end
   std::uint32_t id = 0;
   const ObjectClassInfo* info = nullptr;  // null for an unknown identifier
   std::uint64_t payload = 0;              // bytes of known fields
@@ -56,8 +57,10 @@ struct WalkResult {
 };
 
 // Splits `data` into consecutive frames, descending into the elements of
-// arrays. Stops at the first damaged frame (a header cut short, a length
-// below 4 or one that runs past the data or its enclosing frame).
+// arrays. A frame that announces more than the data holds is taken up to the
+// data's end, as the objects' readers take it. Stops at the first damaged
+// frame (a header cut short, a length below 4, or an element that runs past
+// the end its array announces).
 WalkResult WalkFrames(const std::uint8_t* data, std::uint64_t size,
                       const ObjectDescriber& describe = {});
 

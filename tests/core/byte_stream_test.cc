@@ -35,11 +35,10 @@ TEST(ByteStreamTest, ValuesAreLittleEndianAndStringsAreNestedObjects) {
   ExpectValue(&S::AddString, &S::GetString, std::u16string(), "04000000 0001CBFE");
 }
 
-TEST(ByteStreamTest, BeginGetObjectAcceptsOnlyAWholeFrameOfTheExpectedClass) {
+TEST(ByteStreamTest, BeginGetObjectAcceptsAFrameHeaderOfTheExpectedClass) {
   std::uint64_t payload = 0, end = 0;
-  // Cut short, another class, length below 4, longer than the stream.
-  for (const char* refused : {"08000000 00F1D0", "04000000 00F2D0FE", "03000000 00F1D0FE 00",
-                              "08000000 00F1D0FE 000000"}) {
+  // Cut short, another class, length below 4.
+  for (const char* refused : {"08000000 00F1D0", "04000000 00F2D0FE", "03000000 00F1D0FE 00"}) {
     auto stream = StreamOf(Hex(refused));
     EXPECT_FALSE(stream.BeginGetObject(kPointId, payload, end)) << refused;
     EXPECT_EQ(stream.GetPosition(), 0u) << refused;
@@ -48,13 +47,32 @@ TEST(ByteStreamTest, BeginGetObjectAcceptsOnlyAWholeFrameOfTheExpectedClass) {
   ASSERT_TRUE(stream.BeginGetObject(kPointId, payload, end));
   EXPECT_EQ(payload, 4u);
   EXPECT_EQ(end, 12u);
+
+  // A frame that announces more than the stream holds ends with the stream.
+  auto longer = StreamOf(Hex("0A000000 00F1D0FE 010203"));
+  ASSERT_TRUE(longer.BeginGetObject(kPointId, payload, end));
+  EXPECT_EQ(payload, 3u);
+  EXPECT_EQ(end, 11u);
+}
+
+TEST(ByteStreamTest, AFrameRunningPastTheStreamKeepsWhatIsThereAsTail) {
+  // A point of 24 announced bytes with 17 present reads as an older layout.
+  TestPoint point;
+  point.m_llX = 5;
+  auto stream = StreamOf(Hex("1C000000 00F1D0FE 0100000000000000 020000000000000000"));
+  ASSERT_TRUE(point.GetObjectData(stream, true));
+  EXPECT_EQ(point.m_llX, 5);
+  EXPECT_EQ(point.m_oUserData.GetCount(), 17);
+  EXPECT_EQ(stream.GetRemaining(), 0u);
 }
 
 // A read that does not fit consumes nothing; plain values then read as zero.
 TEST(ByteStreamTest, ReadsRefuseCountsBeyondWhatRemains) {
   std::u16string text = u"old";
-  EXPECT_FALSE(StreamOf(Hex("0A000000 0001CBFE 6100 6200")).GetString(text));
+  auto cut = StreamOf(Hex("0A000000 0001CBFE 6100 6200"));
+  EXPECT_FALSE(cut.GetString(text));
   EXPECT_EQ(text, u"");
+  EXPECT_EQ(cut.GetPosition(), 0u);
 
   auto stream = StreamOf(Hex("01020304"));
   WritableCollection<std::uint8_t> bytes(Bytes{9});

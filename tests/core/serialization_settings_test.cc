@@ -50,6 +50,25 @@ TEST(SerializationSettingsTest, WrittenFrameIsSixBytesShorterThanAnnounced) {
   EXPECT_EQ(Serialize(all), Hex("1F000000 0054D0FE 0101010101010101010101010101010101010101 EE"));
 }
 
+// The frame claims six bytes beyond the stream's end; it reads up to the end.
+TEST(SerializationSettingsTest, WrittenAloneReadsBack) {
+  for (const Settings* predefined : {&Settings::All(), &Settings::UndoRedo()}) {
+    Settings plain, tailed;
+    plain.CopyFrom(*predefined);
+    tailed.CopyFrom(*predefined);
+    tailed.m_oUserData.Add(0xEE);
+    for (Settings* source : {&plain, &tailed}) {
+      auto stream = StreamOf(Serialize(*source));
+      Settings read;
+      ASSERT_TRUE(read.GetObjectData(stream, true));
+      EXPECT_EQ(SwitchText(read), SwitchText(*source));
+      EXPECT_EQ(read.m_oUserData.GetCount(), source->m_oUserData.GetCount());
+      EXPECT_EQ(stream.GetRemaining(), 0u);
+      EXPECT_EQ(Serialize(read), Serialize(*source));
+    }
+  }
+}
+
 TEST(SerializationSettingsTest, ReadsTwentySwitchesFromEighteenBytesOn) {
   // Switch 5 on, switch 24 on, the rest off; two newer bytes follow.
   Settings settings(Settings::PreDefinedSettings::All);
