@@ -34,8 +34,11 @@
 #include "nkfoundation/core/variant_array.h"
 
 // Device and project model.
+#include "nkfoundation/device/compatibility.h"
+#include "nkfoundation/device/device_diagnostic.h"
 #include "nkfoundation/device/device_info.h"
 #include "nkfoundation/device/device_info_fields.h"
+#include "nkfoundation/device/project_properties.h"
 
 // Geometry.
 #include "nkfoundation/geometry/fixed_point.h"
@@ -45,6 +48,7 @@
 #include "nkfoundation/geometry/vector_solver.h"
 
 // Support services.
+#include "nkfoundation/services/application_profile.h"
 #include "nkfoundation/services/compress.h"
 #include "nkfoundation/services/wait_cursor.h"
 

@@ -103,6 +103,26 @@ struct FieldCodec<std::array<std::uint8_t, N>> {
   }
 };
 
+// Fixed arrays of values (the four components of a version): each element
+// in index order, as the element travels alone; no count.
+template <class T, std::size_t N>
+struct FieldCodec<T[N]> {
+  static std::uint64_t Size(const T (&values)[N]) {
+    std::uint64_t size = 0;
+    for (const T& value : values) size += FieldCodec<T>::Size(value);
+    return size;
+  }
+  static void Add(OByteStream& stream, const T (&values)[N]) {
+    for (const T& value : values) FieldCodec<T>::Add(stream, value);
+  }
+  static bool Get(OByteStream& stream, T (&values)[N]) {
+    for (T& value : values) {
+      if (!FieldCodec<T>::Get(stream, value)) return false;
+    }
+    return true;
+  }
+};
+
 // Byte buffers of variable length: u32 count, then the bytes. A count beyond
 // what the stream holds fails the read before anything is allocated.
 template <>
