@@ -2,13 +2,13 @@
 // applied to whole files.
 #include <cstdio>
 #include <cstdint>
-#include <limits>
 #include <string>
 
 #include "commands.h"
 #include "nkfoundation/core/file.h"
 #include "nkfoundation/core/file_stream.h"
 #include "nkfoundation/services/compress.h"
+#include "whole_file.h"
 
 namespace nkf::tools {
 namespace {
@@ -17,19 +17,19 @@ using Coder = int (OCompress::*)(OCompress::Bytes&, OCompress::Bytes&);
 
 bool ReadFile(const std::string& path, OCompress::Bytes& bytes) {
   nk::File file;
-  if (!file.Open(path, nk::File::Mode::kRead)) return false;
-  const std::uint64_t length = file.Length();
-  if (length > static_cast<std::uint64_t>(std::numeric_limits<int>::max())) return false;
-  bytes.SetSize(static_cast<int>(length));
-  return file.Read(bytes.GetData(), length) == length;
+  std::uint64_t size = 0;
+  if (!OpenWholeFile(path, file, size)) return false;
+  bytes.SetSize(static_cast<int>(size));
+  if (file.Read(bytes.GetData(), size) != size) {
+    std::fprintf(stderr, "error: cannot read %s\n", path.c_str());
+    return false;
+  }
+  return true;
 }
 
 int Convert(const std::string& in, const std::string& out, Coder coder) {
   OCompress::Bytes source;
-  if (!ReadFile(in, source)) {
-    std::fprintf(stderr, "error: cannot read %s\n", in.c_str());
-    return 2;
-  }
+  if (!ReadFile(in, source)) return 2;
   OCompress::Bytes target;
   // An empty file stays empty both ways.
   if (source.GetCount() > 0) (OCompress().*coder)(source, target);

@@ -9,6 +9,7 @@
 #include "nkfoundation/core/file.h"
 #include "nkfoundation/core/frame_walker.h"
 #include "sample.h"
+#include "whole_file.h"
 
 namespace nkf::tools {
 namespace {
@@ -32,9 +33,14 @@ void PrintNode(const nk::FrameNode& node, int depth) {
 
 bool ReadWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
   nk::File file;
-  if (!file.Open(path, nk::File::Mode::kRead)) return false;
-  bytes.resize(static_cast<std::size_t>(file.Length()));
-  return file.Read(bytes.data(), bytes.size()) == bytes.size();
+  std::uint64_t size = 0;
+  if (!OpenWholeFile(path, file, size)) return false;
+  bytes.resize(static_cast<std::size_t>(size));
+  if (file.Read(bytes.data(), size) != size) {
+    std::fprintf(stderr, "error: cannot read %s\n", path.c_str());
+    return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -45,7 +51,6 @@ int RunInspect(const std::string& path) {
     bytes = BuildSample();
     std::printf("bundled sample, %zu bytes\n", bytes.size());
   } else if (!ReadWholeFile(path, bytes)) {
-    std::fprintf(stderr, "error: cannot read %s\n", path.c_str());
     return 2;
   }
   const nk::WalkResult result = nk::WalkFrames(bytes.data(), bytes.size(), DescribeObject);

@@ -1,5 +1,8 @@
 // nkfoundation: looks into and converts the files that the PC software, the
 // device and project files exchange.
+#include <cstdio>
+#include <exception>
+#include <new>
 #include <string>
 
 #include <CLI/CLI.hpp>
@@ -24,7 +27,16 @@ int main(int argc, char** argv) {
   }
 
   CLI11_PARSE(app, argc, argv);
-  if (*inspect) return nkf::tools::RunInspect(inspect_path);
-  if (*compress) return nkf::tools::RunCompress(in, out);
-  return nkf::tools::RunDecompress(in, out);
+  // A command that runs out of memory, or whose result outgrows what the
+  // library can hold, ends like any other failure: one line and status 2.
+  try {
+    if (*inspect) return nkf::tools::RunInspect(inspect_path);
+    if (*compress) return nkf::tools::RunCompress(in, out);
+    return nkf::tools::RunDecompress(in, out);
+  } catch (const std::bad_alloc&) {
+    std::fprintf(stderr, "error: %s: out of memory\n", app.get_subcommands().front()->get_name().c_str());
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "error: %s: %s\n", app.get_subcommands().front()->get_name().c_str(), error.what());
+  }
+  return 2;
 }
