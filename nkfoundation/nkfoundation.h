@@ -40,6 +40,10 @@
 #include "nkfoundation/device/device_info_fields.h"
 #include "nkfoundation/device/project_properties.h"
 
+// Images.
+#include "nkfoundation/image/grey_line.h"
+#include "nkfoundation/image/grey_line_array.h"
+
 // Geometry.
 #include "nkfoundation/geometry/fixed_point.h"
 #include "nkfoundation/geometry/rotators.h"
