@@ -29,6 +29,17 @@ std::optional<nk::ObjectDescription> DescribeVariant(OByteStream& frame);
 // show each element this way.
 std::optional<nk::ObjectDescription> DescribeVector(OByteStream& frame);
 
+// The firmware bounds as dotted versions, marked when they take no part in
+// the check, and the creating version as "1.0.18159.0".
+std::optional<nk::ObjectDescription> DescribeCompatibility(OByteStream& frame);
+
+// Category, message identifier and text, then the device's free memory and
+// core loads.
+std::optional<nk::ObjectDescription> DescribeDeviceDiagnostic(OByteStream& frame);
+
+// The ten switches and the three caliper values by member name.
+std::optional<nk::ObjectDescription> DescribeProjectProperties(OByteStream& frame);
+
 }  // namespace nkf::tools
 
 #endif  // NKFOUNDATION_TOOLS_FIELD_VIEWS_H_
