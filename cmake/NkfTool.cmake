@@ -44,8 +44,13 @@ nkf_set_warnings(nkfoundation_tool)
 if(NKF_BUILD_TESTS)
   # Without a file the program shows its bundled sample.
   add_test(NAME tool_inspect_sample COMMAND nkfoundation_tool inspect)
+  # ...and the information lines of a sample device record.
+  add_test(NAME tool_devinfo_sample COMMAND nkfoundation_tool devinfo --culture 2)
+  set_tests_properties(tool_devinfo_sample PROPERTIES
+    PASS_REGULAR_EXPRESSION "InfrastructureDvinfoStr3_Text +Unbegrenzt")
   if(CMAKE_CROSSCOMPILING)
     nkf_use_wine(tool_inspect_sample)
+    nkf_use_wine(tool_devinfo_sample)
   endif()
 
   # Inputs that no command may answer with a crash. The inputs are made in
@@ -59,6 +64,10 @@ if(NKF_BUILD_TESTS)
     add_test(NAME tool_decompress_directory
              COMMAND ${_nkf_tool_check} "-DARGS=decompress;${_nkf_tool_dir};${_nkf_tool_dir}/out"
                      -P ${CMAKE_CURRENT_LIST_FILE})
+    # Bytes that hold no device record.
+    add_test(NAME tool_devinfo_without_record
+             COMMAND ${_nkf_tool_check} -DSPARSE_SIZE=64 "-DINPUT=${_nkf_tool_dir}/no_record"
+                     "-DARGS=devinfo;${_nkf_tool_dir}/no_record" -P ${CMAKE_CURRENT_LIST_FILE})
     # Larger than any buffer the library holds: refused before reading.
     add_test(NAME tool_inspect_oversized_file
              COMMAND ${_nkf_tool_check} -DSPARSE_SIZE=3G "-DINPUT=${_nkf_tool_dir}/oversized"

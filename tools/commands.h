@@ -13,6 +13,9 @@ namespace nkf::tools {
 int RunInspect(const std::string& path);
 int RunCompress(const std::string& in, const std::string& out);
 int RunDecompress(const std::string& in, const std::string& out);
+// Prints the localized information lines of the first device record in a
+// file (or of a bundled sample record) in `culture` 0, 1 or 2.
+int RunDevInfo(const std::string& path, int culture);
 
 }  // namespace nkf::tools
 

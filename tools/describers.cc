@@ -36,6 +36,7 @@ constexpr std::array kDescribers = {
     Describer{nk::object_id::kCompatibility, DescribeCompatibility},
     Describer{nk::object_id::kDeviceDiagnostic, DescribeDeviceDiagnostic},
     Describer{nk::object_id::kProjectProperties, DescribeProjectProperties},
+    Describer{nk::object_id::kDeviceInfo, DescribeDeviceInfo},
 };
 
 }  // namespace

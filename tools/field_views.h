@@ -40,6 +40,10 @@ std::optional<nk::ObjectDescription> DescribeDeviceDiagnostic(OByteStream& frame
 // The ten switches and the three caliper values by member name.
 std::optional<nk::ObjectDescription> DescribeProjectProperties(OByteStream& frame);
 
+// A device record: identity, versions, limits, and the protocols and module
+// versions the device has, by field name.
+std::optional<nk::ObjectDescription> DescribeDeviceInfo(OByteStream& frame);
+
 }  // namespace nkf::tools
 
 #endif  // NKFOUNDATION_TOOLS_FIELD_VIEWS_H_

@@ -26,12 +26,20 @@ int main(int argc, char** argv) {
     command->add_option("out", out, "output file")->required();
   }
 
+  std::string devinfo_path;
+  int devinfo_culture = 1;
+  CLI::App* devinfo = app.add_subcommand("devinfo", "print the information lines of a device record");
+  devinfo->add_option("file", devinfo_path, "file holding a device record (default: a sample record)");
+  devinfo->add_option("--culture", devinfo_culture, "0 key form, 1 English, 2 German")
+      ->check(CLI::Range(0, 2));
+
   CLI11_PARSE(app, argc, argv);
   // A command that runs out of memory, or whose result outgrows what the
   // library can hold, ends like any other failure: one line and status 2.
   try {
     if (*inspect) return nkf::tools::RunInspect(inspect_path);
-    if (*compress) return nkf::tools::RunCompress(in, out);
+    if (*devinfo) return nkf::tools::RunDevInfo(devinfo_path, devinfo_culture);
+  if (*compress) return nkf::tools::RunCompress(in, out);
     return nkf::tools::RunDecompress(in, out);
   } catch (const std::bad_alloc&) {
     std::fprintf(stderr, "error: %s: out of memory\n", app.get_subcommands().front()->get_name().c_str());
