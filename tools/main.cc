@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
   try {
     if (*inspect) return nkf::tools::RunInspect(inspect_path);
     if (*devinfo) return nkf::tools::RunDevInfo(devinfo_path, devinfo_culture);
-  if (*compress) return nkf::tools::RunCompress(in, out);
+    if (*compress) return nkf::tools::RunCompress(in, out);
     return nkf::tools::RunDecompress(in, out);
   } catch (const std::bad_alloc&) {
     std::fprintf(stderr, "error: %s: out of memory\n", app.get_subcommands().front()->get_name().c_str());
