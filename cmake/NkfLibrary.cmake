@@ -17,6 +17,14 @@ function(nkf_library_usage target scope)
     "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
     "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
   target_compile_features(${target} ${scope} cxx_std_20)
+  # Results must match the device's bit for bit whatever CPU the code is built
+  # for: a multiply and an add fused into one FMA round once instead of twice
+  # (-march=haswell and later enable that by default with GCC). The library's
+  # headers hold inline arithmetic (the fixed-point rounding), so what users
+  # compile from them needs the same rule: hence the usage requirement.
+  target_compile_options(${target} ${scope}
+    "$<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang,AppleClang>:-ffp-contract=off>"
+    "$<$<COMPILE_LANG_AND_ID:CXX,MSVC>:/fp:precise>")
 endfunction()
 
 # Compiled once, packed into the library and, on Windows, also into a static
