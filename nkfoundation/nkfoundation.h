@@ -38,6 +38,7 @@
 #include "nkfoundation/device/device_diagnostic.h"
 #include "nkfoundation/device/device_info.h"
 #include "nkfoundation/device/device_info_fields.h"
+#include "nkfoundation/device/part_set_protection.h"
 #include "nkfoundation/device/project_properties.h"
 
 // Images.
