@@ -13,6 +13,9 @@
 #include "nkfoundation/core/time_stamp.h"
 #include "nkfoundation/core/variant.h"
 #include "nkfoundation/core/variant_array.h"
+#include "nkfoundation/device/compatibility.h"
+#include "nkfoundation/device/device_diagnostic.h"
+#include "nkfoundation/device/project_properties.h"
 #include "nkfoundation/geometry/vector.h"
 #include "nkfoundation/geometry/vector_array.h"
 
@@ -58,7 +61,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (void (*read)(OByteStream&) :
        {&ReadObject<OType_Variant>, &ReadVariantText, &ReadObject<OType_VariantArray>, &ReadObject<OVector>, &ReadObject<OVector_Array>,
         &ReadObject<OStringArray>, &ReadObject<OTime>, &ReadObject<OType_ApplicationSerializationData>,
-        &ReadSettings}) {
+        &ReadSettings, &ReadObject<OType_Compatibility>, &ReadObject<OType_DeviceDiagnostic>,
+        &ReadObject<OType_DeviceDiagnosticArray>, &ReadObject<OType_ProjectProperties>}) {
     OByteStream_Memory frame(data, size);
     read(frame);
   }
