@@ -1,7 +1,8 @@
 #include "field_views.h"
 
+#include <charconv>
 #include <cstdint>
-#include <cstdio>
+#include <iterator>
 #include <string>
 
 #include "nkfoundation/core/byte_stream.h"
@@ -13,9 +14,12 @@ namespace nkf::tools {
 std::optional<nk::ObjectDescription> DescribeVariant(OByteStream& frame) {
   OType_Variant variant;
   if (!variant.GetObjectData(frame, true)) return std::nullopt;
-  // Enough digits to tell apart every double the text rounds together.
-  char value[32];
-  std::snprintf(value, sizeof value, "%.17g", variant.dGetValue());
+  // Enough digits to tell apart every double the text rounds together, with
+  // a decimal point whatever the host's locale.
+  char digits[32];
+  const std::string value(digits, std::to_chars(std::begin(digits), std::end(digits), variant.dGetValue(),
+                                                std::chars_format::general, 17)
+                                      .ptr);
   // The variant keeps no tail but skips what follows its fields; those
   // bytes are shown as the tail. The stream now stands at the frame's end.
   const std::uint64_t payload = frame.GetPosition() - OByteStream::kFrameHeaderSize;

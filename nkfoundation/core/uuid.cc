@@ -1,9 +1,23 @@
 #include "nkfoundation/core/uuid.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <random>
-#include <sstream>
+
+namespace {
+
+// Lowercase hexadecimal without leading zeros.
+template <class Unsigned>
+void AppendHex(std::string& text, Unsigned value) {
+  char digits[2 * sizeof(Unsigned)];
+  char* end = std::to_chars(std::begin(digits), std::end(digits), value, 16).ptr;
+  text.append(std::begin(digits), end);
+}
+
+}  // namespace
 
 Uuid::Uuid(std::int32_t a, std::int16_t b, std::int16_t c, signed char d, signed char e,
            signed char f, signed char g, signed char h, signed char i, signed char j,
@@ -51,12 +65,18 @@ std::unique_ptr<Uuid> Uuid::Random() {
 }
 
 std::string Uuid::ToUtf8String() const {
-  // A hexadecimal stream prints a negative short or int as its unsigned
-  // counterpart of the same width, and inserts signed chars as characters.
-  std::ostringstream text;
-  text << std::hex << A() << '-' << B() << '-' << C() << '-' << D() << E() << '-' << F() << G()
-       << H() << I() << J() << K();
-  return text.str();
+  // Negative parts print as the unsigned number of their own width. No
+  // stream is involved, so the host's locale cannot group the digits.
+  std::string text;
+  AppendHex(text, static_cast<std::uint32_t>(A()));
+  text += '-';
+  AppendHex(text, static_cast<std::uint16_t>(B()));
+  text += '-';
+  AppendHex(text, static_cast<std::uint16_t>(C()));
+  text += '-';
+  text += {static_cast<char>(D()), static_cast<char>(E()), '-', static_cast<char>(F()), static_cast<char>(G()),
+           static_cast<char>(H()), static_cast<char>(I()), static_cast<char>(J()), static_cast<char>(K())};
+  return text;
 }
 
 std::u16string Uuid::ToUtf16String() const {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <locale>
 #include <string>
 
 namespace {
@@ -17,6 +18,18 @@ TEST(UuidTest, TextShowsHexNumbersThenRawCharacters) {
   const Uuid with_raw_bytes(0x1a2b3c, 0, 0, 0, -1, 0, 0, 0, 0, 0, 0);
   EXPECT_EQ(with_raw_bytes.ToUtf8String(), std::string("1a2b3c-0-0-\0\xff-\0\0\0\0\0\0", 20));
   EXPECT_EQ(with_raw_bytes.ToUtf16String()[12], u'\u00ff');
+}
+
+// A host that groups digits in its global locale must not change the text.
+TEST(UuidTest, TextIgnoresTheGlobalLocale) {
+  struct Grouping : std::numpunct<char> {
+    char do_thousands_sep() const override { return ','; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  const std::locale previous = std::locale::global(std::locale(std::locale::classic(), new Grouping));
+  const std::string text = Uuid(-1, -2, 0x1234, 'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h').ToUtf8String();
+  std::locale::global(previous);
+  EXPECT_EQ(text, "ffffffff-fffe-1234-ab-cdefgh");
 }
 
 // Short byte input is padded with zeros; the empty identifier is one shared
