@@ -53,8 +53,17 @@
 #include "nkfoundation/geometry/vector_solver.h"
 
 // Support services.
+#include "nkfoundation/services/aes256.h"
 #include "nkfoundation/services/application_profile.h"
 #include "nkfoundation/services/compress.h"
+#include "nkfoundation/services/message_dispatcher.h"
+#include "nkfoundation/services/process_timer.h"
+#include "nkfoundation/services/processing_time.h"
+#include "nkfoundation/services/processing_time_array.h"
+#include "nkfoundation/services/progress_ctrl.h"
+#include "nkfoundation/services/status_bar.h"
+#include "nkfoundation/services/user_interaction.h"
+#include "nkfoundation/services/utils.h"
 #include "nkfoundation/services/wait_cursor.h"
 
 #endif  // NKFOUNDATION_NKFOUNDATION_H_
