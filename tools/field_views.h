@@ -12,7 +12,9 @@ class OByteStream;
 
 namespace nkf::tools {
 
-// The stamp as one date, "time = 2006-01-01 00:00:00.000000".
+// The stamp as one date, "time = 2006-01-01 00:00:00.000000". Microseconds
+// outside 0 to 999999 follow a date without fraction, as a field of their
+// own: "m_iMicroSeconds = 1000000 (not a fraction of a second)".
 std::optional<nk::ObjectDescription> DescribeTime(OByteStream& frame);
 
 // Identifier, text and a hex summary of the data.
