@@ -11,6 +11,24 @@ foreach(subsystem IN LISTS NKF_SUBSYSTEMS)
 endforeach()
 file(GLOB NKF_LIBRARY_SOURCES CONFIGURE_DEPENDS ${_nkf_patterns})
 
+# Picture files: JPEG and PNG go through libjpeg-turbo and libpng where both
+# are found; elsewhere (the Windows cross build) a stand-in answers "format
+# not supported" for them, and BMP and PGM/PPM still work (docs/dependencies.md).
+find_package(JPEG QUIET)
+find_package(PNG QUIET)
+set(NKF_PICTURE_LIBRARIES "")
+set(NKF_PICTURE_FIND_DEPENDENCIES "")
+if(JPEG_FOUND AND PNG_FOUND)
+  set(NKF_PICTURE_LIBRARIES JPEG::JPEG PNG::PNG)
+  list(FILTER NKF_LIBRARY_SOURCES EXCLUDE REGEX "/image/picture_codecs_missing\\.cc$")
+  if(NOT NKF_SHARED)
+    # A static library hands its dependencies on to whoever links it.
+    set(NKF_PICTURE_FIND_DEPENDENCIES "find_dependency(JPEG)\nfind_dependency(PNG)")
+  endif()
+else()
+  list(FILTER NKF_LIBRARY_SOURCES EXCLUDE REGEX "/image/(jpeg|png)_codec\\.cc$")
+endif()
+
 # What every target made of the library's sources needs.
 function(nkf_library_usage target scope)
   target_include_directories(${target} ${scope}
@@ -38,7 +56,7 @@ nkf_set_warnings(nkfoundation_objects)
 if(NKF_SHARED AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(nkfoundation_objects PRIVATE -fno-semantic-interposition)
 endif()
-target_link_libraries(nkfoundation_objects PRIVATE nkf_utfcpp)
+target_link_libraries(nkfoundation_objects PRIVATE nkf_utfcpp ${NKF_PICTURE_LIBRARIES})
 # The Windows code uses the wide (UTF-16) forms of the Win32 API and names.
 if(WIN32)
   target_compile_definitions(nkfoundation_objects PRIVATE UNICODE _UNICODE)
@@ -47,6 +65,7 @@ endif()
 add_library(nkfoundation $<TARGET_OBJECTS:nkfoundation_objects>)
 add_library(NkFoundation::nkfoundation ALIAS nkfoundation)
 nkf_library_usage(nkfoundation PUBLIC)
+target_link_libraries(nkfoundation PRIVATE ${NKF_PICTURE_LIBRARIES})
 set_target_properties(nkfoundation PROPERTIES
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR})
@@ -59,5 +78,6 @@ if(WIN32 AND NKF_SHARED)
   include(NkfWindowsDll)
   add_library(nkfoundation_static STATIC $<TARGET_OBJECTS:nkfoundation_objects>)
   nkf_library_usage(nkfoundation_static PUBLIC)
+  target_link_libraries(nkfoundation_static PRIVATE ${NKF_PICTURE_LIBRARIES})
   set(NKF_LINK_LIBRARY nkfoundation_static)
 endif()

@@ -42,8 +42,13 @@
 #include "nkfoundation/device/project_properties.h"
 
 // Images.
+#include "nkfoundation/image/color.h"
 #include "nkfoundation/image/grey_line.h"
 #include "nkfoundation/image/grey_line_array.h"
+#include "nkfoundation/image/image.h"
+#include "nkfoundation/image/image_array.h"
+#include "nkfoundation/image/picture.h"
+#include "nkfoundation/image/picture_codecs.h"
 
 // Geometry.
 #include "nkfoundation/geometry/fixed_point.h"

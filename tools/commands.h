@@ -3,6 +3,7 @@
 #define NKFOUNDATION_TOOLS_COMMANDS_H_
 
 #include <string>
+#include <vector>
 
 namespace nkf::tools {
 
@@ -16,6 +17,10 @@ int RunDecompress(const std::string& in, const std::string& out);
 // Prints the localized information lines of the first device record in a
 // file (or of a bundled sample record) in `culture` 0, 1 or 2.
 int RunDevInfo(const std::string& path, int culture);
+
+// Feeds each file to one grey-line array as a Z2 package (ZE with `plain`)
+// and prints the lines kept.
+int RunGreyLines(const std::vector<std::string>& paths, bool plain, int max_lines);
 
 }  // namespace nkf::tools
 

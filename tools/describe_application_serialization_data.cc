@@ -13,6 +13,8 @@ namespace {
 // Enough bytes to recognise the data by; the rest is left out.
 constexpr nk::ssize_t kShownBytes = 32;
 
+}  // namespace
+
 std::string ByteSummary(const WritableCollection<std::uint8_t>& bytes) {
   std::string text = std::to_string(bytes.GetCount()) + " bytes";
   for (nk::ssize_t i = 0; i < bytes.GetCount() && i < kShownBytes; ++i) {
@@ -24,8 +26,6 @@ std::string ByteSummary(const WritableCollection<std::uint8_t>& bytes) {
   if (bytes.GetCount() > kShownBytes) text += " ...";
   return text;
 }
-
-}  // namespace
 
 std::optional<nk::ObjectDescription> DescribeApplicationSerializationData(OByteStream& frame) {
   OType_ApplicationSerializationData data;

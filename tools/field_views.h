@@ -4,13 +4,19 @@
 #ifndef NKFOUNDATION_TOOLS_FIELD_VIEWS_H_
 #define NKFOUNDATION_TOOLS_FIELD_VIEWS_H_
 
+#include <cstdint>
 #include <optional>
+#include <string>
 
+#include "nkfoundation/core/collection.h"
 #include "nkfoundation/core/frame_walker.h"
 
 class OByteStream;
 
 namespace nkf::tools {
+
+// "3 bytes: 0A 0B 0C": the count and the first 32 bytes in hex.
+std::string ByteSummary(const WritableCollection<std::uint8_t>& bytes);
 
 // The stamp as one date, "time = 2006-01-01 00:00:00.000000". Microseconds
 // outside 0 to 999999 follow a date without fraction, as a field of their

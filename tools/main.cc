@@ -4,10 +4,12 @@
 #include <exception>
 #include <new>
 #include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
 #include "commands.h"
+#include "nkfoundation/image/grey_line_array.h"
 
 int main(int argc, char** argv) {
   CLI::App app{"Inspect and convert NkFoundation object files"};
@@ -33,12 +35,21 @@ int main(int argc, char** argv) {
   devinfo->add_option("--culture", devinfo_culture, "0 key form, 1 English, 2 German")
       ->check(CLI::Range(0, 2));
 
+  std::vector<std::string> greyline_paths;
+  bool greyline_plain = false;
+  int greyline_max = OType_GreyLine_Array().m_iGreyLine_MaxNumber;
+  CLI::App* greylines = app.add_subcommand("greylines", "build grey lines from package files and print them");
+  greylines->add_option("packages", greyline_paths, "package files, fed in order")->required();
+  greylines->add_flag("--ze", greyline_plain, "the files are ZE packages (plain byte blocks), not Z2");
+  greylines->add_option("--max", greyline_max, "most lines kept");
+
   CLI11_PARSE(app, argc, argv);
   // A command that runs out of memory, or whose result outgrows what the
   // library can hold, ends like any other failure: one line and status 2.
   try {
     if (*inspect) return nkf::tools::RunInspect(inspect_path);
     if (*devinfo) return nkf::tools::RunDevInfo(devinfo_path, devinfo_culture);
+    if (*greylines) return nkf::tools::RunGreyLines(greyline_paths, greyline_plain, greyline_max);
     if (*compress) return nkf::tools::RunCompress(in, out);
     return nkf::tools::RunDecompress(in, out);
   } catch (const std::bad_alloc&) {

@@ -10,9 +10,9 @@ using namespace object_id;
 
 constexpr std::array kClasses = {
     ObjectClassInfo{kStringArray, "OStringArray", FrameKind::kObjectArray, 0},
-    // The image array's own fields come before its count; their layout is
-    // taught to readers together with the image record.
-    ObjectClassInfo{kImageArray, "OType_Image_Array", FrameKind::kObjectArray, -1},
+    // Selected index, process step, source reference (i32 each) and the
+    // selection mark (bool) precede the count.
+    ObjectClassInfo{kImageArray, "OType_Image_Array", FrameKind::kObjectArray, 13},
     ObjectClassInfo{kImage, "OType_Image", FrameKind::kObject, 0},
     ObjectClassInfo{kTime, "OTime", FrameKind::kObject, 0},
     ObjectClassInfo{kVectorArray, "OVector_Array", FrameKind::kObjectArray, 0},
