@@ -1,0 +1,106 @@
+#include "nkfoundation/image/image_array.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+#include "tests/support/bytes.h"
+#include "tests/support/counting_progress.h"
+#include "tests/support/sensor_images.h"
+
+namespace {
+
+using nk::testing::Bytes;
+using nk::testing::Hex;
+using nk::testing::Serialize;
+using nk::testing::StreamOf;
+
+std::shared_ptr<OType_Image> ImageOf(const std::vector<std::uint8_t>& pixels, int width, int height, int bpp) {
+  auto image = std::make_shared<OType_Image>();
+  EXPECT_TRUE(image->SetImage(0, 0, width, height, bpp, pixels.data()));
+  return image;
+}
+
+TEST(ImageArrayFrameTest, LeadingFieldsAndCountThreshold) {
+  OType_Image_Array array;
+  array.m_iSelectedIndex = 2;
+  array.m_isSelected = true;
+  const Bytes empty = Hex("15000000 0006D0FE 02000000 00000000 38FFFFFF 01 00000000");
+  EXPECT_EQ(Serialize(array), empty);
+
+  OType_Image_Array read;
+  auto stream = StreamOf(empty);
+  ASSERT_TRUE(read.GetObjectData(stream, true));
+  EXPECT_EQ(read.m_iSelectedIndex, 2);
+  EXPECT_TRUE(read.m_isSelected);
+
+  // 16 bytes of payload: below the threshold, all of it becomes the tail.
+  const Bytes older = Hex("14000000 0006D0FE 05000000 00000000 38FFFFFF 00000000");
+  OType_Image_Array old;
+  auto older_stream = StreamOf(older);
+  ASSERT_TRUE(old.GetObjectData(older_stream, true));
+  EXPECT_EQ(old.m_iSelectedIndex, -1);
+  EXPECT_EQ(old.m_oUserData.GetCount(), 16);
+}
+
+TEST(ImageArrayFrameTest, RoundTripAppendsAndStopsAtADamagedImage) {
+  OType_Image_Array array;
+  array.Add(ImageOf(nk::testing::GradientWithNoise(640, 480, 1), 640, 480, 1));
+  array.Add(ImageOf(nk::testing::GradientWithNoise(320, 240, 3), 320, 240, 3));
+  array.Add(ImageOf(nk::testing::FlatFieldWithDefects(1280, 1024), 1280, 1024, 1));
+  array.Add(nullptr);  // written as a default image
+  const Bytes written = Serialize(array);
+  EXPECT_EQ(written.size(), array.GetObjectSize());
+
+  OType_Image_Array read;
+  read.Add(std::make_shared<OType_Image>());
+  auto stream = StreamOf(written);
+  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_EQ(read.GetCount(), 5);
+  EXPECT_EQ(read[2]->GetImage_Width(), 320);
+  EXPECT_EQ(read[2]->GetPixel(5, 5), array[1]->GetPixel(5, 5));
+
+  // The second image's pixel count now runs past its frame: it fails, the
+  // first stays, the images after it become the array's tail.
+  Bytes damaged = written;
+  const std::size_t first = 8 + 17 + array[0]->GetObjectSize();
+  damaged[first + 8 + 28 + 3] = 0x7F;
+  OType_Image_Array partial;
+  auto damaged_stream = StreamOf(damaged);
+  EXPECT_FALSE(partial.GetObjectData(damaged_stream, true));
+  EXPECT_EQ(partial.GetCount(), 1);
+  EXPECT_EQ(damaged_stream.GetPosition(), damaged.size());
+  EXPECT_EQ(Serialize(partial).size(), damaged.size() - array[1]->GetObjectSize());
+}
+
+TEST(ImageArrayStorageTest, CompressionStepsAndRoundTrip) {
+  OType_Image_Array array;
+  const auto gradient = nk::testing::GradientWithNoise(64, 48, 3);
+  for (int i = 0; i < 3; ++i) array.Add(ImageOf(gradient, 64, 48, 3));
+  array.Add(nullptr);
+  array[1]->iConvertData(2);
+  EXPECT_EQ(array.iGetCompressProgressSteps(), 2);
+
+  nk::testing::CountingProgress progress;
+  EXPECT_EQ(array.iCompressImageData(&progress), 1);
+  EXPECT_EQ(progress.steps, 2);
+  EXPECT_EQ(array.iGetCompressProgressSteps(), 0);
+  EXPECT_EQ(array.iGetDeCompressProgressSteps(), 3);
+  EXPECT_EQ(array.iCompressImageData(nullptr), 1);
+
+  OType_Image_Array copy;
+  array.CopyTo(&copy);
+  ASSERT_EQ(copy.GetCount(), 4);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(Serialize(*copy[i]), Serialize(*array[i]));
+
+  progress.steps = 0;
+  EXPECT_EQ(copy.iDeCompressImageData(&progress), 1);
+  EXPECT_EQ(progress.steps, 3);
+  for (int i = 0; i < 3; ++i) {
+    ASSERT_EQ(copy[i]->GetImageDataSize(), static_cast<int>(gradient.size()));
+    EXPECT_TRUE(std::equal(gradient.begin(), gradient.end(), copy[i]->GetImageData()));
+  }
+}
+
+}  // namespace
