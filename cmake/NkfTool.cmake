@@ -72,6 +72,20 @@ if(NKF_BUILD_TESTS)
     add_test(NAME tool_inspect_oversized_file
              COMMAND ${_nkf_tool_check} -DSPARSE_SIZE=3G "-DINPUT=${_nkf_tool_dir}/oversized"
                      "-DARGS=inspect;${_nkf_tool_dir}/oversized" -P ${CMAKE_CURRENT_LIST_FILE})
+    # Pictures to an image array and back to pictures; a file that is no
+    # picture is refused.
+    get_filename_component(_nkf_corpus "${PROJECT_SOURCE_DIR}/../shared/corpus" ABSOLUTE)
+    add_test(NAME tool_image_import
+             COMMAND nkfoundation_tool image import "${_nkf_corpus}/camera.pgm" "${_nkf_corpus}/coffee.ppm"
+                     "${_nkf_tool_dir}/series.img" --compress)
+    add_test(NAME tool_image_export
+             COMMAND nkfoundation_tool image export "${_nkf_tool_dir}/series.img" "${_nkf_tool_dir}/series.bmp")
+    set_tests_properties(tool_image_import PROPERTIES FIXTURES_SETUP nkf_image_series)
+    set_tests_properties(tool_image_export PROPERTIES FIXTURES_REQUIRED nkf_image_series
+                         PASS_REGULAR_EXPRESSION "2 images written")
+    add_test(NAME tool_image_import_not_a_picture
+             COMMAND ${_nkf_tool_check} "-DARGS=image;import;${CMAKE_CURRENT_LIST_FILE};${_nkf_tool_dir}/no.img"
+                     -P ${CMAKE_CURRENT_LIST_FILE})
     # 4 MiB that decode to 60 MiB under a 48 MiB limit: the decoder's
     # allocation fails and the command reports it, as it reports a result
     # beyond 2 GiB. Sanitizers reserve far more address space than that.

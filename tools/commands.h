@@ -22,6 +22,13 @@ int RunDevInfo(const std::string& path, int culture);
 // and prints the lines kept.
 int RunGreyLines(const std::vector<std::string>& paths, bool plain, int max_lines);
 
+// Turns picture files into one image frame, or several into an image array;
+// `grey` stores one byte per pixel, `compress` the coder's form.
+int RunImageImport(const std::vector<std::string>& pictures, const std::string& out, bool grey, bool compress);
+// Writes the image of a file as a picture of the format `out` names. Of an
+// array, image `index`, or with a negative index every image, numbered.
+int RunImageExport(const std::string& in, const std::string& out, int index);
+
 }  // namespace nkf::tools
 
 #endif  // NKFOUNDATION_TOOLS_COMMANDS_H_

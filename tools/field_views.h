@@ -37,6 +37,10 @@ std::optional<nk::ObjectDescription> DescribeVariant(OByteStream& frame);
 // show each element this way.
 std::optional<nk::ObjectDescription> DescribeVector(OByteStream& frame);
 
+// Geometry, format, stored and raw pixel bytes, names and time; the pixels
+// themselves are left out.
+std::optional<nk::ObjectDescription> DescribeImage(OByteStream& frame);
+
 // The firmware bounds as dotted versions, marked when they take no part in
 // the check, and the creating version as "1.0.18159.0".
 std::optional<nk::ObjectDescription> DescribeCompatibility(OByteStream& frame);

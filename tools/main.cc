@@ -43,6 +43,26 @@ int main(int argc, char** argv) {
   greylines->add_flag("--ze", greyline_plain, "the files are ZE packages (plain byte blocks), not Z2");
   greylines->add_option("--max", greyline_max, "most lines kept");
 
+  std::vector<std::string> import_files;
+  bool import_grey = false;
+  bool import_compress = false;
+  std::string export_in;
+  std::string export_out;
+  int export_index = -1;
+  CLI::App* image = app.add_subcommand("image", "turn pictures into image frames and back");
+  image->require_subcommand(1);
+  CLI::App* image_import = image->add_subcommand("import", "BMP, JPEG, PNG, PGM or PPM pictures to an image file");
+  image_import->add_option("files", import_files, "PICTURE... OUT: several pictures make an image array")
+      ->required()
+      ->expected(2, -1);
+  image_import->add_flag("--grey", import_grey, "store grey values, one byte per pixel");
+  image_import->add_flag("--compress", import_compress, "store the pixels compressed");
+  CLI::App* image_export = image->add_subcommand("export", "an image of a file to a .png, .bmp or .jpg picture");
+  image_export->add_option("in", export_in, "file holding an image or an image array")->required();
+  image_export->add_option("out", export_out, "picture file; an array's images get their index in the name")
+      ->required();
+  image_export->add_option("--index", export_index, "only this image of an array")->check(CLI::NonNegativeNumber);
+
   CLI11_PARSE(app, argc, argv);
   // A command that runs out of memory, or whose result outgrows what the
   // library can hold, ends like any other failure: one line and status 2.
@@ -50,6 +70,12 @@ int main(int argc, char** argv) {
     if (*inspect) return nkf::tools::RunInspect(inspect_path);
     if (*devinfo) return nkf::tools::RunDevInfo(devinfo_path, devinfo_culture);
     if (*greylines) return nkf::tools::RunGreyLines(greyline_paths, greyline_plain, greyline_max);
+    if (*image_import) {
+      const std::string target = import_files.back();
+      import_files.pop_back();
+      return nkf::tools::RunImageImport(import_files, target, import_grey, import_compress);
+    }
+    if (*image_export) return nkf::tools::RunImageExport(export_in, export_out, export_index);
     if (*compress) return nkf::tools::RunCompress(in, out);
     return nkf::tools::RunDecompress(in, out);
   } catch (const std::bad_alloc&) {
