@@ -18,6 +18,8 @@
 #include "nkfoundation/device/project_properties.h"
 #include "nkfoundation/geometry/vector.h"
 #include "nkfoundation/geometry/vector_array.h"
+#include "nkfoundation/services/processing_time.h"
+#include "nkfoundation/services/processing_time_array.h"
 
 namespace {
 
@@ -59,7 +61,8 @@ void ReadVariantText(OByteStream& stream) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   for (void (*read)(OByteStream&) :
-       {&ReadObject<OType_Variant>, &ReadVariantText, &ReadObject<OType_VariantArray>, &ReadObject<OVector>, &ReadObject<OVector_Array>,
+       {&ReadObject<OType_ProcessingTime>, &ReadObject<OType_ProcessingTimeArray>,
+        &ReadObject<OType_Variant>, &ReadVariantText, &ReadObject<OType_VariantArray>, &ReadObject<OVector>, &ReadObject<OVector_Array>,
         &ReadObject<OStringArray>, &ReadObject<OTime>, &ReadObject<OType_ApplicationSerializationData>,
         &ReadSettings, &ReadObject<OType_Compatibility>, &ReadObject<OType_DeviceDiagnostic>,
         &ReadObject<OType_DeviceDiagnosticArray>, &ReadObject<OType_ProjectProperties>}) {
