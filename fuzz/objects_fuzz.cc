@@ -19,6 +19,8 @@
 #include "nkfoundation/device/project_properties.h"
 #include "nkfoundation/geometry/vector.h"
 #include "nkfoundation/geometry/vector_array.h"
+#include "nkfoundation/image/image.h"
+#include "nkfoundation/image/image_array.h"
 #include "nkfoundation/services/processing_time.h"
 #include "nkfoundation/services/processing_time_array.h"
 
@@ -75,6 +77,25 @@ void ReadVariantText(OByteStream& stream) {
   if (variant.GetObjectData(stream, true)) ReadOwnText(variant);
 }
 
+// Whatever geometry and format an image claims, its accessors stay within
+// its bytes and its compressed pixels decode without harm.
+void ReadImagePixels(OByteStream& stream) {
+  OType_Image image;
+  if (!image.GetObjectData(stream, true)) return;
+  image.iConvertData(OType_Image::kFormatRaw);
+  const int corners[][2] = {{image.GetImage_X(), image.GetImage_Y()},
+                            {image.GetImage_Right() - 1, image.GetImage_Top() - 1},
+                            {image.GetImage_X(), image.GetImage_Top() - 1}};
+  for (const auto& corner : corners) {
+    image.GetPixel_Grey(corner[0], corner[1]);
+    image.GetPixel_CompH(corner[0], corner[1]);
+    image.SetPixel(corner[0], corner[1], 0x123456u);
+  }
+  for (int index : {0, image.GetImageDataSize() - 3, image.GetImageDataSize() - 1}) image.GetPixel(index);
+  nk::Picture picture;
+  if (image.ToPicture(picture)) Check(picture.IsValid());
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -82,7 +103,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
        {&ReadObject<OType_ProcessingTime>, &ReadObject<OType_ProcessingTimeArray>,
         &ReadDeviceInfo, &ReadObject<OType_DeviceInfoArray>,
         &ReadObject<OType_Variant>, &ReadVariantText, &ReadObject<OType_VariantArray>, &ReadObject<OVector>, &ReadObject<OVector_Array>,
-        &ReadObject<OStringArray>, &ReadObject<OTime>, &ReadObject<OType_ApplicationSerializationData>,
+        &ReadObject<OStringArray>, &ReadObject<OTime>, &ReadObject<OType_Image>,
+        &ReadObject<OType_Image_Array>, &ReadImagePixels, &ReadObject<OType_ApplicationSerializationData>,
         &ReadSettings, &ReadObject<OType_Compatibility>, &ReadObject<OType_DeviceDiagnostic>,
         &ReadObject<OType_DeviceDiagnosticArray>, &ReadObject<OType_ProjectProperties>}) {
     OByteStream_Memory frame(data, size);
