@@ -14,8 +14,10 @@
 #include "nkfoundation/core/variant.h"
 #include "nkfoundation/core/variant_array.h"
 #include "nkfoundation/device/device_info.h"
+#include "nkfoundation/device/check_program_info.h"
 #include "nkfoundation/device/compatibility.h"
 #include "nkfoundation/device/device_diagnostic.h"
+#include "nkfoundation/device/part_set_protection.h"
 #include "nkfoundation/device/project_properties.h"
 #include "nkfoundation/geometry/vector.h"
 #include "nkfoundation/geometry/vector_array.h"
@@ -106,7 +108,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         &ReadObject<OStringArray>, &ReadObject<OTime>, &ReadObject<OType_Image>,
         &ReadObject<OType_Image_Array>, &ReadImagePixels, &ReadObject<OType_ApplicationSerializationData>,
         &ReadSettings, &ReadObject<OType_Compatibility>, &ReadObject<OType_DeviceDiagnostic>,
-        &ReadObject<OType_DeviceDiagnosticArray>, &ReadObject<OType_ProjectProperties>}) {
+        &ReadObject<OType_DeviceDiagnosticArray>, &ReadObject<OType_ProjectProperties>,
+        &ReadObject<OType_PartSet_Protection>, &ReadObject<OType_CheckProgramInfoItem>,
+        &ReadObject<OType_CheckProgramInfoItemArray>}) {
     OByteStream_Memory frame(data, size);
     read(frame);
   }

@@ -38,6 +38,8 @@ constexpr std::array kDescribers = {
     Describer{nk::object_id::kDeviceDiagnostic, DescribeDeviceDiagnostic},
     Describer{nk::object_id::kProjectProperties, DescribeProjectProperties},
     Describer{nk::object_id::kDeviceInfo, DescribeDeviceInfo},
+    Describer{nk::object_id::kPartSetProtection, DescribePartSetProtection},
+    Describer{nk::object_id::kCheckProgramInfoItem, DescribeCheckProgramInfoItem},
 };
 
 }  // namespace

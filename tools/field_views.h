@@ -56,6 +56,13 @@ std::optional<nk::ObjectDescription> DescribeProjectProperties(OByteStream& fram
 // versions the device has, by field name.
 std::optional<nk::ObjectDescription> DescribeDeviceInfo(OByteStream& frame);
 
+// The protection block as a byte summary.
+std::optional<nk::ObjectDescription> DescribePartSetProtection(OByteStream& frame);
+
+// A check program's summary; the nested members show their own views' fields
+// under the member's name: "m_oCreation_TimeDate.time = ...".
+std::optional<nk::ObjectDescription> DescribeCheckProgramInfoItem(OByteStream& frame);
+
 }  // namespace nkf::tools
 
 #endif  // NKFOUNDATION_TOOLS_FIELD_VIEWS_H_

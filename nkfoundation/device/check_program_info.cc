@@ -1,0 +1,61 @@
+#include "nkfoundation/device/check_program_info.h"
+
+#include <algorithm>
+
+namespace {
+
+// Where the frame whose fields are about to be read ends. Fields are read
+// right after the frame header, so its length field lies 8 bytes behind the
+// read position; a frame cut short by the stream ends with the stream.
+std::uint64_t FrameEnd(OByteStream& stream) {
+  const std::uint64_t payload_start = stream.GetPosition();
+  stream.SetPosition(payload_start - OByteStream::kFrameHeaderSize);
+  const std::uint32_t length = stream.GetUInt32();
+  stream.SetPosition(payload_start);
+  return std::min(payload_start - 4 + length, stream.GetLength());
+}
+
+// Reads members in order while the frame holds the start of the next one;
+// the first that is missing ends the reading with success.
+class MembersWhilePresent {
+ public:
+  MembersWhilePresent(OByteStream& stream, std::uint64_t end) : stream_(stream), end_(end) {}
+
+  template <class T>
+  bool Get(T& member, std::uint64_t smallest) {
+    if (!present_) return true;
+    const std::uint64_t position = stream_.GetPosition();
+    present_ = position <= end_ && end_ - position >= smallest;
+    return !present_ || nk::FieldCodecOf<T>::Get(stream_, member);
+  }
+
+ private:
+  OByteStream& stream_;
+  std::uint64_t end_;
+  bool present_ = true;
+};
+
+constexpr std::uint64_t kNested = OByteStream::kFrameHeaderSize;
+
+}  // namespace
+
+void OType_CheckProgramInfoItem::InitializeMembers(bool /*bInitialize*/) {
+  m_partSet_Size = 0;
+  m_oStrPartSet_Name.clear();
+  m_oStrPartSet_Comment.clear();
+  m_oPartSet_Image = OType_Image();
+  m_oCreation_TimeDate = OTime();
+  m_oCompatibilityFirmwareVersion = OType_Compatibility();
+  m_oPartSet_Protection = OType_PartSet_Protection();
+  m_isActivePartSet = false;
+}
+
+nk::FieldsRead OType_CheckProgramInfoItem::GetFields(OByteStream& stream) {
+  MembersWhilePresent members(stream, FrameEnd(stream));
+  m_partSet_Size = stream.GetUInt64();
+  const bool read = members.Get(m_oStrPartSet_Name, kNested) && members.Get(m_oStrPartSet_Comment, kNested) &&
+                    members.Get(m_oPartSet_Image, kNested) && members.Get(m_oCreation_TimeDate, kNested) &&
+                    members.Get(m_oCompatibilityFirmwareVersion, kNested) &&
+                    members.Get(m_oPartSet_Protection, kNested) && members.Get(m_isActivePartSet, 1);
+  return read ? nk::FieldsRead::kComplete : nk::FieldsRead::kNestedFailed;
+}
