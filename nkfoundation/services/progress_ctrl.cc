@@ -36,6 +36,27 @@ std::int64_t StepOf(std::int64_t position, std::int64_t length) {
 
 }  // namespace
 
+void OProgressCtrl::SyncMutex::lock() {
+  std::unique_lock lock(guard_);
+  released_.wait(lock, [this] { return !held_; });
+  held_ = true;
+}
+
+bool OProgressCtrl::SyncMutex::try_lock_for(std::chrono::milliseconds timeout) {
+  std::unique_lock lock(guard_);
+  if (!released_.wait_for(lock, timeout, [this] { return !held_; })) return false;
+  held_ = true;
+  return true;
+}
+
+void OProgressCtrl::SyncMutex::unlock() {
+  {
+    std::lock_guard lock(guard_);
+    held_ = false;
+  }
+  released_.notify_one();
+}
+
 OProgressCtrl::OProgressCtrl(AStatusBar* status_bar, int pane) : status_bar_(status_bar), pane_(pane) {}
 
 void OProgressCtrl::End() {

@@ -3,6 +3,8 @@
 #ifndef NKFOUNDATION_SERVICES_PROGRESS_CTRL_H_
 #define NKFOUNDATION_SERVICES_PROGRESS_CTRL_H_
 
+#include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <mutex>
 #include <string>
@@ -21,6 +23,22 @@
 class NKF_API OProgressCtrl : public AProgressCtrl {
  public:
   static constexpr std::int64_t kDisplaySteps = 25;
+
+  // The lock of the numbers: a timed mutex (lock, unlock, try_lock_for) built
+  // on a plain mutex and a condition variable, so that thread checkers see
+  // its timed waits, which the standard timed mutex hides from them on some
+  // runtimes.
+  class NKF_API SyncMutex {
+   public:
+    void lock();
+    bool try_lock_for(std::chrono::milliseconds timeout);
+    void unlock();
+
+   private:
+    std::mutex guard_;
+    std::condition_variable released_;
+    bool held_ = false;
+  };
 
   OProgressCtrl() = default;
   // `status_bar` (not owned, may be null) shows the steps and the text, the
@@ -60,7 +78,7 @@ class NKF_API OProgressCtrl : public AProgressCtrl {
   void ReplaceStatusBarCtrl(AStatusBar* status_bar, int pane);
   AStatusBar* opGetStatusBarCtrl() const;
   // The lock that guards the numbers; holding it makes every operation skip.
-  std::timed_mutex* opGetThreadSyncMutex() { return &mutex_; }
+  SyncMutex* opGetThreadSyncMutex() { return &mutex_; }
 
   // Snapshots, waiting for the lock as long as it takes.
   std::int64_t GetLength() const;
@@ -77,7 +95,7 @@ class NKF_API OProgressCtrl : public AProgressCtrl {
   // Clamps `position` into the current length; the lock is held.
   void StorePosition(std::int64_t position);
 
-  mutable std::timed_mutex mutex_;
+  mutable SyncMutex mutex_;
   std::int64_t length_ = 0;
   std::int64_t position_ = 0;
   std::int64_t last_step_ = 0;
