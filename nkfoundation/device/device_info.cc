@@ -229,13 +229,14 @@ std::u16string OType_DeviceInfo::GetMacOfEth0() const {
 }
 
 std::u16string OType_DeviceInfo::GetMacAddress() const {
-  char text[3 * sizeof(m_MACAddress)] = {};
-  for (std::size_t i = 0; i < sizeof(m_MACAddress); ++i) {
+  // Each pair with its ":" and, for the last, room for snprintf's NUL.
+  constexpr std::size_t kPairs = sizeof(m_MACAddress);
+  char text[3 * kPairs + 1] = {};
+  for (std::size_t i = 0; i < kPairs; ++i) {
     std::snprintf(text + 3 * i, 4, "%02hhX:", m_MACAddress[i]);
   }
   // The last pair's separator is dropped.
-  text[sizeof(text) - 1] = '\0';
-  return std::u16string(text, text + sizeof(text) - 1);
+  return std::u16string(text, text + 3 * kPairs - 1);
 }
 
 bool OType_DeviceInfo::SetConfigMACAddress(char* mac) {

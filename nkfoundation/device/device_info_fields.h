@@ -251,15 +251,6 @@ constexpr bool TableCoversBlock() {
 static_assert(internal::TableCoversBlock(), "the field table must tile the block");
 static_assert(offsetof(DeviceInfoData, m_BehindBlock) == kDeviceInfoBlockSize);
 
-// The descriptor of the field at `offset`, or null when no field starts
-// there.
-constexpr const DeviceInfoField* FindDeviceInfoField(std::uint16_t offset) {
-  for (const DeviceInfoField& field : kDeviceInfoFields) {
-    if (field.offset == offset) return &field;
-  }
-  return nullptr;
-}
-
 }  // namespace nk
 
 #endif  // NKFOUNDATION_DEVICE_DEVICE_INFO_FIELDS_H_

@@ -15,11 +15,21 @@ using nk::DeviceInfoData;
 
 struct InfoLine {
   std::string_view key;
-  const nk::DeviceInfoField* field;
+  std::uint16_t offset;
+  std::uint16_t width;  // 0 when the field is not an 8- or 16-bit number
 };
 
+// The width of the number at `offset`, from the record's field table.
+constexpr std::uint16_t NumberWidth(std::size_t offset) {
+  for (const nk::DeviceInfoField& field : nk::kDeviceInfoFields) {
+    const bool number = field.kind == nk::DeviceFieldKind::kU8 || field.kind == nk::DeviceFieldKind::kU16;
+    if (field.offset == offset) return number ? field.width : 0;
+  }
+  return 0;
+}
+
 #define NK_LINE(key, member) \
-  InfoLine { key, nk::FindDeviceInfoField(offsetof(DeviceInfoData, member)) }
+  InfoLine { key, offsetof(DeviceInfoData, member), NumberWidth(offsetof(DeviceInfoData, member)) }
 
 // The keys are kept exactly as the resource files know them, including the
 // one key shared by three tool versions and the EtherNet/IP module shown
@@ -97,9 +107,7 @@ constexpr InfoLine kLines[] = {
 
 constexpr bool EveryLineNamesAField() {
   for (const InfoLine& line : kLines) {
-    if (line.field == nullptr) return false;
-    const nk::DeviceFieldKind kind = line.field->kind;
-    if (kind != nk::DeviceFieldKind::kU8 && kind != nk::DeviceFieldKind::kU16) return false;
+    if (line.width == 0) return false;
   }
   return true;
 }
@@ -115,10 +123,10 @@ std::u16string UnlimitedWord() {
 }
 
 // 16-bit fields read as signed numbers, 8-bit fields as unsigned ones.
-int FieldValue(const OType_DeviceInfo& info, const nk::DeviceInfoField& field) {
+int FieldValue(const OType_DeviceInfo& info, const InfoLine& line) {
   const auto* at = reinterpret_cast<const std::uint8_t*>(static_cast<const DeviceInfoData*>(&info)) +
-                   field.offset;
-  if (field.width == 1) return *at;
+                   line.offset;
+  if (line.width == 1) return *at;
   std::int16_t value;
   std::memcpy(&value, at, sizeof(value));
   return value;
@@ -138,11 +146,11 @@ bool OType_DeviceInfo::GetLocalizedInformation(
   if (!info || !labels || !values) return false;
   for (const InfoLine& line : kLines) {
     labels->Add(std::u16string(line.key.begin(), line.key.end()));
-    if (line.field->offset == offsetof(DeviceInfoData, m_MaxNumFeatures) &&
+    if (line.offset == offsetof(DeviceInfoData, m_MaxNumFeatures) &&
         info->m_MaxNumFeatures == kUnlimitedFeatures) {
       values->Add(UnlimitedWord());
     } else {
-      values->Add(Decimal(FieldValue(*info, *line.field)));
+      values->Add(Decimal(FieldValue(*info, line)));
     }
   }
   return true;
