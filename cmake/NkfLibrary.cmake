@@ -57,6 +57,19 @@ if(NKF_SHARED AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(nkfoundation_objects PRIVATE -fno-semantic-interposition)
 endif()
 target_link_libraries(nkfoundation_objects PRIVATE nkf_utfcpp ${NKF_PICTURE_LIBRARIES})
+# NKF_API (nkfoundation/core/export.h) alone decides what leaves the library:
+# the sources define it as dllexport on Windows, and on ELF everything else
+# is hidden, so a forgotten mark breaks the everyday Linux build's link of the
+# tests and the program instead of surfacing only on Windows.
+target_compile_definitions(nkfoundation_objects PRIVATE NKF_BUILDING_LIBRARY)
+if(NOT NKF_SHARED)
+  target_compile_definitions(nkfoundation_objects PRIVATE NKF_STATIC)
+endif()
+if(NOT WIN32)
+  set_target_properties(nkfoundation_objects PROPERTIES
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+endif()
 # The Windows code uses the wide (UTF-16) forms of the Win32 API and names.
 if(WIN32)
   target_compile_definitions(nkfoundation_objects PRIVATE UNICODE _UNICODE)
@@ -69,6 +82,21 @@ target_link_libraries(nkfoundation PRIVATE ${NKF_PICTURE_LIBRARIES})
 set_target_properties(nkfoundation PROPERTIES
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR})
+# The ELF library exports what NKF_API marks, less the standard library's
+# template instances that libstdc++'s default-visibility namespace would add
+# (cmake/nkfoundation.map).
+if(NKF_SHARED AND NOT WIN32 AND NOT APPLE)
+  set(_nkf_version_script "${PROJECT_SOURCE_DIR}/cmake/nkfoundation.map")
+  target_link_options(nkfoundation PRIVATE "LINKER:--version-script=${_nkf_version_script}")
+  set_property(TARGET nkfoundation APPEND PROPERTY LINK_DEPENDS "${_nkf_version_script}")
+endif()
+# Users of a static library, the installed package's included, must see an
+# empty NKF_API: nothing of it is imported from a DLL.
+set(NKF_PKGCONFIG_CFLAGS "")
+if(NOT NKF_SHARED)
+  target_compile_definitions(nkfoundation INTERFACE NKF_STATIC)
+  set(NKF_PKGCONFIG_CFLAGS " -DNKF_STATIC")
+endif()
 
 # The library the project's own executables link. On Windows they link the
 # static twin rather than the DLL: with static libgcc, i686 DWARF-2 exceptions
@@ -79,5 +107,8 @@ if(WIN32 AND NKF_SHARED)
   add_library(nkfoundation_static STATIC $<TARGET_OBJECTS:nkfoundation_objects>)
   nkf_library_usage(nkfoundation_static PUBLIC)
   target_link_libraries(nkfoundation_static PRIVATE ${NKF_PICTURE_LIBRARIES})
+  # Its objects are the DLL's, compiled with dllexport; what links the twin
+  # must not expect dllimport.
+  target_compile_definitions(nkfoundation_static INTERFACE NKF_STATIC)
   set(NKF_LINK_LIBRARY nkfoundation_static)
 endif()

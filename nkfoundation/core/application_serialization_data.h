@@ -7,10 +7,12 @@
 #include <string>
 
 #include "nkfoundation/core/collection.h"
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/field_list.h"
 #include "nkfoundation/core/object_ids.h"
 
-class OType_ApplicationSerializationData : public nk::Framed<OType_ApplicationSerializationData> {
+class NKF_API OType_ApplicationSerializationData
+    : public nk::Framed<OType_ApplicationSerializationData> {
  public:
   // The fixed fields: the identifier, an empty text and a zero byte count.
   static constexpr nk::FrameRules kFrame{nk::object_id::kApplicationSerializationData, 4 + 8 + 4};

@@ -12,10 +12,11 @@
 #include <string>
 
 #include "nkfoundation/core/collection.h"
+#include "nkfoundation/core/export.h"
 
 class AProgressCtrl;
 
-class OByteStream {
+class NKF_API OByteStream {
  public:
   // Identifier of the string object that carries every text field.
   static constexpr std::uint32_t kStringObjectId = 0xFECB0100;

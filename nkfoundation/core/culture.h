@@ -2,6 +2,8 @@
 #ifndef NKFOUNDATION_CORE_CULTURE_H_
 #define NKFOUNDATION_CORE_CULTURE_H_
 
+#include "nkfoundation/core/export.h"
+
 namespace culture {
 
 // Culture-dependent literals are small tables indexed by this value.
@@ -12,9 +14,9 @@ enum Language : int {
 };
 
 // The language the host application has chosen; English until it sets one.
-Language GetCurrentCulture();
+NKF_API Language GetCurrentCulture();
 // Called by the host when the user interface language changes.
-void SetCurrentCulture(Language language);
+NKF_API void SetCurrentCulture(Language language);
 
 }  // namespace culture
 

@@ -20,9 +20,11 @@
 #include <string>
 #include <string_view>
 
+#include "nkfoundation/core/export.h"
+
 // A moment as seconds since 1 January 1970 UTC; its fields are read in the
 // process's local time zone.
-class CTime {
+class NKF_API CTime {
  public:
   CTime() = default;
   explicit CTime(std::int64_t seconds) : m_time(seconds) {}
@@ -56,7 +58,7 @@ class CTime {
 // forward from the start of the day: -1.25 is 29 December 1899, 06:00.
 // Dates from 1 January 100 to 31 December 9999 convert to fields; the time
 // of day is resolved to the nearest second.
-class COleDateTime {
+class NKF_API COleDateTime {
  public:
   enum DateTimeStatus { error = -1, valid = 0, invalid = 1, null = 2 };
 

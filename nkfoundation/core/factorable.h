@@ -4,14 +4,18 @@
 
 #include <cstdint>
 
+#include "nkfoundation/core/export.h"
+
 class OByteStream;
 
 // An object that writes itself to a byte stream as one frame (length,
 // identifier, fields, user-data tail) and reads itself back from one. Reading
 // tolerates older (shorter) and newer (longer) layouts of the same object.
-class AFactorable {
+class NKF_API AFactorable {
  public:
-  virtual ~AFactorable() = default;
+  // Defined in the library, so that the interface's vtable and type
+  // information exist once, in the library, for every module that uses it.
+  virtual ~AFactorable();
 
   // The object identifier of the class, of the form 0xFEDnnn00.
   virtual std::uint32_t GetObjectID() const = 0;

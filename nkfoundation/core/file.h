@@ -6,12 +6,14 @@
 #include <filesystem>
 #include <fstream>
 
+#include "nkfoundation/core/export.h"
+
 namespace nk {
 
 // A binary file, opened for reading or for writing (created or truncated).
 // Every failure is sticky: once an operation fails, `IsFailed()` stays true
 // until the file is opened again, so a writer can check once at the end.
-class File {
+class NKF_API File {
  public:
   enum class Mode { kRead, kWrite };
 

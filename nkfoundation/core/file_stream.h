@@ -7,13 +7,14 @@
 #include <functional>
 
 #include "nkfoundation/core/byte_stream.h"
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/file.h"
 
 class AFactorable;
 
 // Reads a file from its start, or writes a new one; which depends on how it
 // was opened. A failed write puts the stream in the failed state.
-class OByteStream_File : public OByteStream {
+class NKF_API OByteStream_File : public OByteStream {
  public:
   bool Open(const std::filesystem::path& path, nk::File::Mode mode);
   // Flushes and closes; false when anything written was lost.
@@ -39,11 +40,11 @@ namespace nk {
 // a temporary file in the target's folder, which replaces the target only
 // after everything was written and flushed. Returns false, leaving the target
 // as it was, when `write` returns false or any write fails.
-bool SaveFileAtomically(const std::filesystem::path& target,
-                        const std::function<bool(OByteStream&)>& write);
+NKF_API bool SaveFileAtomically(const std::filesystem::path& target,
+                                const std::function<bool(OByteStream&)>& write);
 
 // Saves one object as the whole content of `target`, atomically.
-bool SaveObjectToFile(const std::filesystem::path& target, AFactorable& object);
+NKF_API bool SaveObjectToFile(const std::filesystem::path& target, AFactorable& object);
 
 }  // namespace nk
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/object_ids.h"
 
 class OByteStream;
@@ -61,8 +62,8 @@ struct WalkResult {
 // data's end, as the objects' readers take it. Stops at the first damaged
 // frame (a header cut short, a length below 4, or an element that runs past
 // the end its array announces).
-WalkResult WalkFrames(const std::uint8_t* data, std::uint64_t size,
-                      const ObjectDescriber& describe = {});
+NKF_API WalkResult WalkFrames(const std::uint8_t* data, std::uint64_t size,
+                              const ObjectDescriber& describe = {});
 
 }  // namespace nk
 

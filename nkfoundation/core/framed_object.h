@@ -12,6 +12,7 @@
 
 #include "nkfoundation/core/byte_stream.h"
 #include "nkfoundation/core/collection.h"
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/factorable.h"
 
 namespace nk {
@@ -43,7 +44,7 @@ enum class FieldsRead {
 
 // Base of every framed object: holds the user-data tail and runs the frame
 // algorithm around the fields that the derived class supplies.
-class AFramedObject : public AFactorable {
+class NKF_API AFramedObject : public AFactorable {
  public:
   std::uint32_t GetObjectID() const override { return GetFrameRules().id; }
   std::uint64_t GetObjectSize() const override;

@@ -1,6 +1,7 @@
 // Local time through the C runtime, the one place where the hosts' runtime
 // libraries differ (64-bit time functions on Windows, the POSIX forms
-// elsewhere). Used by the time stamp and by the platform date types.
+// elsewhere). Used by the time stamp and by the platform date types; the
+// library does not export it.
 #ifndef NKFOUNDATION_CORE_LOCAL_TIME_H_
 #define NKFOUNDATION_CORE_LOCAL_TIME_H_
 

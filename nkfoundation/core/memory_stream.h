@@ -6,11 +6,12 @@
 
 #include "nkfoundation/core/byte_stream.h"
 #include "nkfoundation/core/collection.h"
+#include "nkfoundation/core/export.h"
 
 // The stream that objects are assembled in before they travel to the device,
 // a file or the managed side. Writes append to the buffer; reads start at the
 // beginning of whatever the buffer holds.
-class OByteStream_Memory : public OByteStream {
+class NKF_API OByteStream_Memory : public OByteStream {
  public:
   OByteStream_Memory() = default;
   // A stream over a copy of `bytes`, ready to be read from the start.

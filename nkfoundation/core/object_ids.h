@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "nkfoundation/core/export.h"
+
 namespace nk::object_id {
 
 inline constexpr std::uint32_t kStringArray = 0xFED00000;
@@ -56,7 +58,7 @@ struct ObjectClassInfo {
 };
 
 // The entry of `id`, or nullptr for an identifier this library does not know.
-const ObjectClassInfo* FindObjectClass(std::uint32_t id);
+NKF_API const ObjectClassInfo* FindObjectClass(std::uint32_t id);
 
 }  // namespace nk
 

@@ -5,12 +5,16 @@
 #include <cstdint>
 #include <string>
 
+#include "nkfoundation/core/export.h"
+
 // A progress display that serialization and image work advance step by step.
 // Implementations may be driven from worker threads. The flag of the
 // `Increase` forms asks for the display to be brought up to date at once.
-class AProgressCtrl {
+class NKF_API AProgressCtrl {
  public:
-  virtual ~AProgressCtrl() = default;
+  // Defined in the library, so that the interface's vtable and type
+  // information exist once, in the library, for every module that uses it.
+  virtual ~AProgressCtrl();
 
   virtual void End() = 0;
   virtual void Increase() = 0;

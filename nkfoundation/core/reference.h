@@ -9,23 +9,25 @@
 #ifndef NKFOUNDATION_CORE_REFERENCE_H_
 #define NKFOUNDATION_CORE_REFERENCE_H_
 
+#include "nkfoundation/core/export.h"
+
 namespace reference {
 
 // A non-negative code that is not a special value.
-bool is_feature_reference(int code);
+NKF_API bool is_feature_reference(int code);
 // Feature types 16 to 18, whose results are images.
-bool is_feature_type_image(int type);
-bool is_position_reference(int code);
-bool is_camera_reference(int code);
+NKF_API bool is_feature_type_image(int type);
+NKF_API bool is_position_reference(int code);
+NKF_API bool is_camera_reference(int code);
 // One of the 21 codes reserved for fixed sources and markers.
-bool is_special_value(int code);
+NKF_API bool is_special_value(int code);
 
 // The camera index 0 to 7 of a camera reference, otherwise -1.
-int to_camera_index(int code);
+NKF_API int to_camera_index(int code);
 // The reference of camera `index` 0 to 7, otherwise -200. Unlike
 // `to_camera_index`, a bad input yields a special value rather than -1, so
 // the result is always a code that callers can store as a reference.
-int to_camera_reference(int index);
+NKF_API int to_camera_reference(int index);
 
 }  // namespace reference
 

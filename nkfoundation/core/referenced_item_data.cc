@@ -22,3 +22,5 @@ std::shared_ptr<AConfigToolFeature> OReferencedItemData::GetConfigToolFeature() 
 }
 
 int OReferencedItemData::GetFeature() const { return m_oLink ? m_oLink->feature_number : -1; }
+
+OReferencesList::~OReferencesList() = default;

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "nkfoundation/core/collection.h"
+#include "nkfoundation/core/export.h"
 
 // Interfaces of the configuration-tool layer; a dependency only keeps them
 // and hands them back.
@@ -16,7 +17,7 @@ class AConfigToolFeature;
 
 // Names the referenced item by its reference code (see reference.h) and,
 // when the referenced tool is loaded, links to it directly.
-class OReferencedItemData {
+class NKF_API OReferencedItemData {
  public:
   // What the dependency is on; the kinds follow the ranges of the reference
   // codes.
@@ -55,12 +56,13 @@ class OReferencedItemData {
 };
 
 // The dependencies of one tool. Entries may be empty pointers.
-class OReferencesList : public WritableCollection<std::shared_ptr<OReferencedItemData>> {
+class NKF_API OReferencesList : public WritableCollection<std::shared_ptr<OReferencedItemData>> {
  public:
   OReferencesList() = default;
   OReferencesList(OReferencesList&&) noexcept = default;
   OReferencesList& operator=(OReferencesList&&) noexcept = default;
-  ~OReferencesList() override = default;
+  // Defined in the library, which so holds the class's one vtable.
+  ~OReferencesList() override;
 };
 
 #endif  // NKFOUNDATION_CORE_REFERENCED_ITEM_DATA_H_

@@ -8,13 +8,14 @@
 #include <memory>
 #include <span>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/framed_object.h"
 #include "nkfoundation/core/object_ids.h"
 
 // Only the switches from m_serialize_PartSet_LiveParts to
 // m_serialize_Camera_ReferenceImage travel and are copied; the device
 // controller switches and the precalculation setting stay with the object.
-class OType_ObjectSerializationSettings
+class NKF_API OType_ObjectSerializationSettings
     : public nk::AFramedObject,
       public std::enable_shared_from_this<OType_ObjectSerializationSettings> {
  public:

@@ -4,13 +4,14 @@
 
 #include <string>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/object_array.h"
 #include "nkfoundation/core/object_ids.h"
 
 // Wire form: u32 count, each string as a nested string object, the tail.
 // Unlike the object arrays, reading replaces the contents rather than
 // appending to them.
-class OStringArray : public nk::ObjectArray<OStringArray, std::u16string> {
+class NKF_API OStringArray : public nk::ObjectArray<OStringArray, std::u16string> {
  public:
   static constexpr nk::FrameRules kFrame{nk::object_id::kStringArray, 8};
 

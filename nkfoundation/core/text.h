@@ -5,13 +5,15 @@
 #include <string>
 #include <string_view>
 
+#include "nkfoundation/core/export.h"
+
 namespace nk {
 
 // Both conversions accept any input: an unpaired surrogate or an invalid
 // UTF-8 sequence becomes U+FFFD, so text from a damaged file or device can
 // always be shown.
-std::string ToUtf8(std::u16string_view text);
-std::u16string ToUtf16(std::string_view text);
+NKF_API std::string ToUtf8(std::u16string_view text);
+NKF_API std::u16string ToUtf16(std::string_view text);
 
 }  // namespace nk
 

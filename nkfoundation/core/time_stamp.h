@@ -6,12 +6,13 @@
 #include <cstdint>
 
 #include "nkfoundation/core/date_types.h"
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/field_list.h"
 #include "nkfoundation/core/object_ids.h"
 
 // The defaults are 1 January 2006, 00:00:00.000000; `Validate` falls back to
 // them whenever a field leaves its range.
-class OTime : public nk::Framed<OTime> {
+class NKF_API OTime : public nk::Framed<OTime> {
  public:
   // Fields are written from the year down to the microseconds, the reverse
   // of their declaration order.

@@ -9,7 +9,9 @@
 #include <string>
 #include <utility>
 
-class Uuid {
+#include "nkfoundation/core/export.h"
+
+class NKF_API Uuid {
  public:
   using Bytes = std::array<signed char, 16>;
 

@@ -8,12 +8,13 @@
 #include <memory>
 #include <string>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/field_list.h"
 #include "nkfoundation/core/object_ids.h"
 
 // Wire form: the type code (i32) and the value (double), 20 bytes in all.
 // The variant keeps no tail: surplus bytes of a longer frame are skipped.
-class OType_Variant : public nk::Framed<OType_Variant> {
+class NKF_API OType_Variant : public nk::Framed<OType_Variant> {
  public:
   static constexpr nk::FrameRules kFrame{nk::object_id::kVariant, 4 + 8, /*keeps_tail=*/false,
                                          /*reports_progress=*/false};

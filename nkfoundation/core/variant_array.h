@@ -4,13 +4,14 @@
 
 #include <memory>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/object_array.h"
 #include "nkfoundation/core/object_ids.h"
 #include "nkfoundation/core/variant.h"
 
 // Wire form: u32 count, each variant's frame, the tail. Reading appends to
 // the variants already held.
-class OType_VariantArray
+class NKF_API OType_VariantArray
     : public nk::ObjectArray<OType_VariantArray, std::shared_ptr<OType_Variant>> {
  public:
   static constexpr nk::FrameRules kFrame{nk::object_id::kVariantArray, 8};

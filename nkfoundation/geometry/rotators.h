@@ -8,12 +8,14 @@
 
 #include <cstdint>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/geometry/vector.h"
 
 namespace nk {
 
 // The prepared rotation: the matrix (cos, sin, -sin, cos) in 16.16 and the
-// translation (tx, ty) in 32.32 that makes it turn about the centre.
+// translation (tx, ty) in 32.32 that makes it turn about the centre. Only the
+// rotators below build and use it, inside the library: it is not exported.
 class FixedRotation {
  public:
   // `c` and `s` are cos and sin of the angle in 16.16, the centre raw.
@@ -39,7 +41,7 @@ class FixedRotation {
 // OVectorRotator rounds them: for some angles the two differ in the last
 // bit, and each keeps its own rule so that positions computed before come
 // out the same.
-class OPointRotator {
+class NKF_API OPointRotator {
  public:
   // `angle` in radians; the centre in whole pixels, in pixels (truncated
   // to fixed point) or raw.
@@ -58,7 +60,7 @@ class OPointRotator {
 
 // Rounds cos and sin half up when it prepares the rotation; the float form
 // does so in single precision.
-class OVectorRotator {
+class NKF_API OVectorRotator {
  public:
   OVectorRotator(double angle, const OVector& centre);
   OVectorRotator(float angle, const OVector& centre);

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/field_list.h"
 #include "nkfoundation/core/object_ids.h"
 
@@ -16,7 +17,7 @@
 // Where an operation is made in single precision it stays there, also where
 // a raw value beyond 2^24 (256 pixels) loses its low bits on the way: the
 // device computes the same way.
-class OVector : public nk::Framed<OVector> {
+class NKF_API OVector : public nk::Framed<OVector> {
  public:
   static constexpr nk::FrameRules kFrame{nk::object_id::kVector, 2 * 8};
 

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/core/object_array.h"
 #include "nkfoundation/core/object_ids.h"
 #include "nkfoundation/core/rect.h"
@@ -15,7 +16,7 @@
 // bytes on, and the read succeeds even when an element does not read (the
 // rest of the frame then becomes the tail): callers of vector arrays have
 // always been told of success, and some rely on it.
-class OVector_Array : public nk::ObjectArray<OVector_Array, std::shared_ptr<OVector>> {
+class NKF_API OVector_Array : public nk::ObjectArray<OVector_Array, std::shared_ptr<OVector>> {
  public:
   static constexpr nk::FrameRules kFrame{.id = nk::object_id::kVectorArray,
                                          .min_payload = 9,

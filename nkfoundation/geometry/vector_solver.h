@@ -5,11 +5,12 @@
 
 #include <cstdint>
 
+#include "nkfoundation/core/export.h"
 #include "nkfoundation/geometry/vector.h"
 
 // Outputs are left untouched when a function reports that there is no
 // result, unless it says otherwise.
-class OVector_Solver {
+class NKF_API OVector_Solver {
  public:
   // The intersection of line A through (x1, y1), (x2, y2) with line B
   // through (x3, y3), (x4, y4), all raw fixed point. Lines are unbounded.

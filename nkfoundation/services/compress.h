@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "nkfoundation/core/collection.h"
+#include "nkfoundation/core/export.h"
 
 // Matches and literals are 16-bit little-endian words, since grey-value and
 // colour rows repeat in pairs of bytes. The stream is a bare sequence of
@@ -21,7 +22,7 @@
 //
 // A compressor serves one call: the bit state of one call carries into the
 // next on the same object, so construct a fresh object for every call.
-class OCompress {
+class NKF_API OCompress {
  public:
   using Bytes = WritableCollection<unsigned char, int>;
 

@@ -2,12 +2,14 @@
 #ifndef NKFOUNDATION_SERVICES_WAIT_CURSOR_H_
 #define NKFOUNDATION_SERVICES_WAIT_CURSOR_H_
 
+#include "nkfoundation/core/export.h"
+
 namespace nk {
 
 // While it lives, the Windows build shows the stock wait cursor and afterwards
 // makes the previous cursor current again, if there was one. Other builds have
 // no cursor to change and do nothing.
-class ScopedWaitCursor {
+class NKF_API ScopedWaitCursor {
  public:
   ScopedWaitCursor();
   ScopedWaitCursor(const ScopedWaitCursor&) = delete;

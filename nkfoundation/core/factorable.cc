@@ -1,0 +1,3 @@
+#include "nkfoundation/core/factorable.h"
+
+AFactorable::~AFactorable() = default;

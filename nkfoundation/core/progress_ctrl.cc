@@ -1,0 +1,3 @@
+#include "nkfoundation/core/progress_ctrl.h"
+
+AProgressCtrl::~AProgressCtrl() = default;
