@@ -1,10 +1,14 @@
-# Run by CTest (cmake -P) on nkfoundation.dll: -D NKF_OBJDUMP, NKF_DLL.
+# Run by CTest (cmake -P) on nkfoundation.dll: -D NKF_OBJDUMP, NKF_CXXFILT,
+# NKF_DLL, NKF_ROOT (the source directory).
 #
 # - It exports something, and every __stdcall export (Name@N) also
 #   undecorated (Name), which callers that look names up by hand rely on.
+# - It exports exactly what the public headers mark with NKF_API
+#   (NkfCheckExports.cmake).
 # - It imports no MinGW runtime DLL: those are linked in statically, so the
 #   DLL ships alone.
 cmake_minimum_required(VERSION 3.25)
+include("${CMAKE_CURRENT_LIST_DIR}/NkfCheckExports.cmake")
 execute_process(COMMAND "${NKF_OBJDUMP}" -p "${NKF_DLL}"
   OUTPUT_VARIABLE dump COMMAND_ERROR_IS_FATAL ANY)
 
@@ -29,6 +33,11 @@ if(missing)
   list(JOIN missing "\n  " missing)
   message(FATAL_ERROR "stdcall exports without their undecorated alias:\n  ${missing}")
 endif()
+
+list(JOIN exports "\n" names)
+set(names_file "${CMAKE_CURRENT_BINARY_DIR}/nkfoundation-dll-exports.txt")
+file(WRITE "${names_file}" "${names}\n")
+nkf_check_exports("${names_file}" "${NKF_ROOT}" ON "${NKF_CXXFILT}")
 
 string(REGEX MATCHALL "DLL Name: [^\n]+" imports "${dump}")
 list(TRANSFORM imports REPLACE "DLL Name: " "")
