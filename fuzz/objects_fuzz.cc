@@ -85,9 +85,10 @@ void ReadImagePixels(OByteStream& stream) {
   OType_Image image;
   if (!image.GetObjectData(stream, true)) return;
   image.iConvertData(OType_Image::kFormatRaw);
-  const int corners[][2] = {{image.GetImage_X(), image.GetImage_Y()},
-                            {image.GetImage_Right() - 1, image.GetImage_Top() - 1},
-                            {image.GetImage_X(), image.GetImage_Top() - 1}};
+  // One before right and top, wrapping as the wire's 32-bit values do.
+  const int last_x = static_cast<int>(std::int64_t{image.GetImage_Right()} - 1);
+  const int last_y = static_cast<int>(std::int64_t{image.GetImage_Top()} - 1);
+  const int corners[][2] = {{image.GetImage_X(), image.GetImage_Y()}, {last_x, last_y}, {image.GetImage_X(), last_y}};
   for (const auto& corner : corners) {
     image.GetPixel_Grey(corner[0], corner[1]);
     image.GetPixel_CompH(corner[0], corner[1]);

@@ -32,15 +32,14 @@ std::string TimeText(const OTime& time) {
 std::optional<nk::ObjectDescription> DescribeImage(OByteStream& frame) {
   OType_Image image;
   if (!image.GetObjectData(frame, true)) return std::nullopt;
-  const long long raw = static_cast<long long>(image.GetImage_Width()) * image.GetImage_Height() *
-                        image.GetImage_BytesPerPixel();
+  const long long raw = image.GetRawDataSize();
   return nk::ObjectDescription{
       {{"geometry", std::to_string(image.GetImage_Width()) + " x " + std::to_string(image.GetImage_Height()) +
                         " at " + std::to_string(image.GetImage_X()) + ", " + std::to_string(image.GetImage_Y()) +
                         ", " + std::to_string(image.GetImage_BytesPerPixel()) + " bytes per pixel"},
        {"m_iImageFormat", FormatName(image.m_iImageFormat)},
        {"stored bytes", std::to_string(image.GetImageDataSize())},
-       {"raw bytes", std::to_string(raw)},
+       {"raw bytes", raw < 0 ? "beyond a 32-bit index" : std::to_string(raw)},
        {"m_iImage_ProcessStep", std::to_string(image.m_iImage_ProcessStep)},
        {"m_name", "\"" + nk::ToUtf8(image.m_name) + "\""},
        {"m_strComment", "\"" + nk::ToUtf8(image.m_strComment) + "\""},

@@ -78,7 +78,7 @@ int RunImageImport(const std::vector<std::string>& pictures, const std::string& 
   if (!saved) return Fail("cannot write " + out);
   std::uint64_t raw = 0;
   for (const auto& image : images) {
-    raw += static_cast<std::uint64_t>(image->GetImage_Width()) * image->GetImage_Height() * image->GetImage_BytesPerPixel();
+    raw += static_cast<std::uint64_t>(image->GetRawDataSize());
   }
   std::printf("%s: %zu image%s, %llu bytes of pixels%s\n", out.c_str(), pictures.size(), series ? "s" : "",
               static_cast<unsigned long long>(raw), compress ? ", compressed" : "");

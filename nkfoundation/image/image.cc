@@ -77,25 +77,30 @@ void OType_Image::UpdateDerived() {
   m_iDataIndexOffset = Wrap32((std::int64_t{m_iImage_Top} - 1) * m_iImage_Width - m_iImage_X);
 }
 
-#define NKF_IMAGE_SETTER(Name, member)   \
-  bool OType_Image::Name(int value) {    \
-    if (value < 0) return false;         \
-    member = value;                      \
-    UpdateDerived();                     \
-    return true;                         \
-  }
-NKF_IMAGE_SETTER(SetImage_X, m_iImage_X)
-NKF_IMAGE_SETTER(SetImage_Y, m_iImage_Y)
-NKF_IMAGE_SETTER(SetImage_Width, m_iImage_Width)
-NKF_IMAGE_SETTER(SetImage_Height, m_iImage_Height)
-NKF_IMAGE_SETTER(SetImage_BytesPerPixel, m_iImage_BytesPerPixel)
-#undef NKF_IMAGE_SETTER
+bool OType_Image::SetGeometryField(std::int32_t& field, int value) {
+  if (value < 0) return false;
+  field = value;
+  UpdateDerived();
+  return true;
+}
+
+bool OType_Image::SetImage_X(int x) { return SetGeometryField(m_iImage_X, x); }
+bool OType_Image::SetImage_Y(int y) { return SetGeometryField(m_iImage_Y, y); }
+bool OType_Image::SetImage_Width(int width) { return SetGeometryField(m_iImage_Width, width); }
+bool OType_Image::SetImage_Height(int height) { return SetGeometryField(m_iImage_Height, height); }
+bool OType_Image::SetImage_BytesPerPixel(int bytes_per_pixel) {
+  return SetGeometryField(m_iImage_BytesPerPixel, bytes_per_pixel);
+}
 
 int OType_Image::GetDataIndex(int x, int y) const {
   const int bpp = m_iImage_BytesPerPixel;
   if (bpp != 1 && bpp != 3) return kInvalid;
   if (x < m_iImage_X || x >= m_iImage_Right || y < m_iImage_Y || y >= m_iImage_Top) return kInvalid;
-  const std::int64_t index = (std::int64_t{m_iDataIndexOffset} - std::int64_t{m_iImage_Width} * y + x) * bpp;
+  // A wire geometry may put the pixel anywhere in 64 bits; only an index
+  // that fits an int is one.
+  const std::int64_t pixel = std::int64_t{m_iDataIndexOffset} - std::int64_t{m_iImage_Width} * y + x;
+  if (pixel < std::numeric_limits<int>::min() || pixel > std::numeric_limits<int>::max()) return kInvalid;
+  const std::int64_t index = pixel * bpp;
   if (index < std::numeric_limits<int>::min() || index > std::numeric_limits<int>::max()) return kInvalid;
   return static_cast<int>(index);
 }
@@ -239,6 +244,17 @@ void OType_Image::MemSet(void* buffer, int size, int value) {
   if (buffer != nullptr && size > 0) std::memset(buffer, value, static_cast<std::size_t>(size));
 }
 
+std::int64_t OType_Image::RawDataSize(int width, int height, int bytes_per_pixel) {
+  constexpr std::int64_t kMax = std::numeric_limits<int>::max();
+  if (width < 0 || height < 0 || bytes_per_pixel < 0) return -1;
+  // Each product of two 31-bit values fits 64 bits; checking the first keeps
+  // the second in range too.
+  const std::int64_t pixels = std::int64_t{width} * height;
+  if (pixels > kMax) return -1;
+  const std::int64_t size = pixels * bytes_per_pixel;
+  return size > kMax ? -1 : size;
+}
+
 // --- Storage ---------------------------------------------------------------
 
 int OType_Image::iConvertData(int target_format) {
@@ -271,8 +287,8 @@ void OType_Image::CopyTo(OType_Image* target, bool with_data) const {
   if (with_data) return;
   target->m_iImageFormat = kFormatRaw;
   target->m_oImageData.RemoveAll();
-  const std::int64_t size = std::int64_t{m_iImage_Width} * m_iImage_Height * m_iImage_BytesPerPixel;
-  if (size > 0 && size <= std::numeric_limits<int>::max()) target->m_oImageData.SetSize(static_cast<int>(size));
+  const std::int64_t size = GetRawDataSize();
+  if (size > 0) target->m_oImageData.SetSize(static_cast<int>(size));
 }
 
 OType_Image* OType_Image::opCreateCopy() const {

@@ -113,6 +113,10 @@ class NKF_API OType_Image : public nk::Framed<OType_Image> {
   void FreeExtra() { m_oImageData.FreeExtra(); }
   void RemoveAll() { m_oImageData.RemoveAll(); }
   static void MemSet(void* buffer, int size, int value);
+  // Width x height x bytes per pixel: the byte count of raw pixels of this
+  // geometry, or -1 for a negative size or one beyond a 32-bit index.
+  static std::int64_t RawDataSize(int width, int height, int bytes_per_pixel);
+  std::int64_t GetRawDataSize() const { return RawDataSize(m_iImage_Width, m_iImage_Height, m_iImage_BytesPerPixel); }
 
   // --- Creation ------------------------------------------------------------
 
@@ -144,8 +148,8 @@ class NKF_API OType_Image : public nk::Framed<OType_Image> {
   // a grey image is copied as it is.
   bool CopyRGBToGrey(OType_Image* target) const;
   // Fills the part of the rectangle that lies in the image with `value` (as
-  // SetPixel writes it). False when nothing lies inside or the image is not
-  // raw with 1 or 3 bytes per pixel.
+  // SetPixel writes it). False when nothing lies inside, or the image is not
+  // raw with 1 or 3 bytes per pixel and as many bytes as its geometry needs.
   bool SetSolidRect(int x, int y, int width, int height, unsigned int value);
   // Column x from y_from to y_to, both included, in either order.
   bool SetSolidVerticalLine(int x, int y_from, int y_to, unsigned int value);
@@ -186,6 +190,8 @@ class NKF_API OType_Image : public nk::Framed<OType_Image> {
 
  private:
   void UpdateDerived();
+  // Stores a non-negative value and recomputes the derived fields.
+  bool SetGeometryField(std::int32_t& field, int value);
   void CopyFieldsFrom(const OType_Image& other);
   // Creates the geometry of `picture` and fills it, under the busy flag.
   bool FillFromPicture(const nk::Picture& picture, bool to_grey);

@@ -28,11 +28,8 @@ class BusyGuard {
 bool OType_Image::Create(int x, int y, int width, int height, int bytes_per_pixel) {
   if (m_bBusy.exchange(true)) return false;
   BusyGuard release(m_bBusy);
-  const std::int64_t size = std::int64_t{width} * height * bytes_per_pixel;
-  if (width < 0 || height < 0 || bytes_per_pixel < 0 ||
-      size > std::numeric_limits<int>::max()) {
-    return false;
-  }
+  const std::int64_t size = RawDataSize(width, height, bytes_per_pixel);
+  if (size < 0) return false;
   m_oAcquisition_TimeDate.SetToCurrentTimePrecisely();
   m_iImage_BytesPerPixel = bytes_per_pixel;
   m_iImage_X = x;
@@ -105,7 +102,7 @@ bool OType_Image::ToPicture(nk::Picture& picture) const {
   const int bpp = m_iImage_BytesPerPixel;
   const std::int64_t row_bytes = std::int64_t{m_iImage_Width} * bpp;
   if (m_iImageFormat != kRaw || (bpp != 1 && bpp != 3) || m_iImage_Width <= 0 || m_iImage_Height <= 0 ||
-      row_bytes * m_iImage_Height != GetImageDataSize()) {
+      GetRawDataSize() != GetImageDataSize()) {
     return false;
   }
   nk::Picture out{m_iImage_Width, m_iImage_Height, bpp, {}};
@@ -161,7 +158,11 @@ bool OType_Image::CopyRGBToGrey(OType_Image* target) const {
 
 bool OType_Image::SetSolidRect(int x, int y, int width, int height, unsigned int value) {
   const int bpp = m_iImage_BytesPerPixel;
-  if (m_iImageFormat != kRaw || (bpp != 1 && bpp != 3) || width <= 0 || height <= 0) return false;
+  // Only pixels that the geometry and the bytes agree on are drawn.
+  if (m_iImageFormat != kRaw || (bpp != 1 && bpp != 3) || width <= 0 || height <= 0 ||
+      GetRawDataSize() != GetImageDataSize()) {
+    return false;
+  }
   const std::int64_t left = std::max<std::int64_t>(x, m_iImage_X);
   const std::int64_t right = std::min<std::int64_t>(std::int64_t{x} + width, m_iImage_Right);
   const std::int64_t bottom = std::max<std::int64_t>(y, m_iImage_Y);
