@@ -4,6 +4,7 @@
 #include "nkfoundation/core/memory_stream.h"
 #include "nkfoundation/core/text.h"
 #include "nkfoundation/image/image.h"
+#include "nkfoundation/image/image_array.h"
 
 namespace nkf::tools {
 namespace {
@@ -46,6 +47,23 @@ std::optional<nk::ObjectDescription> DescribeImage(OByteStream& frame) {
        {"m_oAcquisition_TimeDate", TimeText(image.m_oAcquisition_TimeDate)},
        {"m_sourceReference", std::to_string(image.m_sourceReference)}},
       static_cast<std::uint64_t>(image.m_oUserData.GetCount())};
+}
+
+// Only the array's own fields: the walker shows the images as elements.
+std::optional<nk::ObjectDescription> DescribeImageArray(OByteStream& frame) {
+  std::uint64_t payload = 0;
+  std::uint64_t end = 0;
+  if (!frame.BeginGetObject(nk::object_id::kImageArray, payload, end) ||
+      payload < OType_Image_Array::kFrame.min_payload) {
+    return std::nullopt;
+  }
+  OType_Image_Array array;
+  if (!OType_Image_Array::LeadingFields::Get(frame, array)) return std::nullopt;
+  return nk::ObjectDescription{{{"m_iSelectedIndex", std::to_string(array.m_iSelectedIndex)},
+                                {"m_iImage_ProcessStep", std::to_string(array.m_iImage_ProcessStep)},
+                                {"m_sourceReference", std::to_string(array.m_sourceReference)},
+                                {"m_isSelected", array.m_isSelected ? "true" : "false"}},
+                               0};
 }
 
 }  // namespace nkf::tools

@@ -34,6 +34,7 @@ constexpr std::array kDescribers = {
     Describer{nk::object_id::kVariant, DescribeVariant},
     Describer{nk::object_id::kVector, DescribeVector},
     Describer{nk::object_id::kImage, DescribeImage},
+    Describer{nk::object_id::kImageArray, DescribeImageArray},
     Describer{nk::object_id::kCompatibility, DescribeCompatibility},
     Describer{nk::object_id::kDeviceDiagnostic, DescribeDeviceDiagnostic},
     Describer{nk::object_id::kProjectProperties, DescribeProjectProperties},

@@ -41,6 +41,9 @@ std::optional<nk::ObjectDescription> DescribeVector(OByteStream& frame);
 // themselves are left out.
 std::optional<nk::ObjectDescription> DescribeImage(OByteStream& frame);
 
+// The image array's own fields before its count.
+std::optional<nk::ObjectDescription> DescribeImageArray(OByteStream& frame);
+
 // The firmware bounds as dotted versions, marked when they take no part in
 // the check, and the creating version as "1.0.18159.0".
 std::optional<nk::ObjectDescription> DescribeCompatibility(OByteStream& frame);

@@ -83,6 +83,11 @@ class Walker {
     position += leading;
     const std::uint32_t count = LoadU32(data_ + position);
     position += 4;
+    // An array's own fields come from its class's view, if it has one.
+    if (leading > 0 && describe_) {
+      OByteStream_Memory frame(data_ + node.offset, node.size);
+      if (auto description = describe_(node.id, frame)) node.fields = std::move(description->fields);
+    }
     node.fields.push_back({"count", std::to_string(count)});
     // A count larger than the elements present is tolerated by readers
     // (they stop at the frame's end), so it is shown, not rejected.

@@ -31,7 +31,8 @@ struct ObjectDescription {
 
 // Reads the frame at the start of `frame` (a stream holding exactly that
 // frame) as the class of `id`; nothing when it does not know the class or
-// the frame does not read.
+// the frame does not read. Of an array with fields before its count, only
+// the described fields are used: the walker finds the elements itself.
 using ObjectDescriber =
     std::function<std::optional<ObjectDescription>(std::uint32_t id, OByteStream& frame)>;
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "nkfoundation/core/frame_walker.h"
 #include "tests/support/bytes.h"
 #include "tests/support/counting_progress.h"
 #include "tests/support/sensor_images.h"
@@ -42,6 +43,28 @@ TEST(ImageArrayFrameTest, LeadingFieldsAndCountThreshold) {
   ASSERT_TRUE(old.GetObjectData(older_stream, true));
   EXPECT_EQ(old.m_iSelectedIndex, -1);
   EXPECT_EQ(old.m_oUserData.GetCount(), 16);
+}
+
+TEST(ImageArrayFrameTest, WalkerFindsTheImagesBehindTheLeadingFields) {
+  OType_Image_Array array;
+  array.Add(ImageOf({1, 2, 3, 4}, 2, 2, 1));
+  array.Add(ImageOf({5, 6, 7}, 1, 1, 3));
+  const Bytes bytes = Serialize(array);
+  // A view of the array's own fields is shown before the count.
+  const auto describe = [](std::uint32_t id, OByteStream&) -> std::optional<nk::ObjectDescription> {
+    if (id != nk::object_id::kImageArray) return std::nullopt;
+    return nk::ObjectDescription{{{"own", "field"}}, 0};
+  };
+  const nk::WalkResult walk = nk::WalkFrames(bytes.data(), bytes.size(), describe);
+  ASSERT_FALSE(walk.error);
+  ASSERT_EQ(walk.frames.size(), 1u);
+  const nk::FrameNode& node = walk.frames[0];
+  ASSERT_EQ(node.fields.size(), 2u);
+  EXPECT_EQ(node.fields[0].name, "own");
+  EXPECT_EQ(node.fields[1].value, "2");
+  ASSERT_EQ(node.children.size(), 2u);
+  EXPECT_EQ(node.children[1].offset, 8 + 17 + array[0]->GetObjectSize());
+  EXPECT_EQ(*node.tail, 0u);
 }
 
 TEST(ImageArrayFrameTest, RoundTripAppendsAndStopsAtADamagedImage) {
