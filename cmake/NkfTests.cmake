@@ -22,7 +22,7 @@ target_compile_definitions(nkfoundation_test_support ${_nkf_scope}
   "NKF_CORPUS_DIR=\"${NKF_CORPUS_DIR}\""
   "NKF_TEST_DATA_DIR=\"${NKF_TEST_DATA_DIR}\"")
 target_link_libraries(nkfoundation_test_support ${_nkf_scope}
-  ${NKF_LINK_LIBRARY} GTest::gtest GTest::gmock GTest::gtest_main)
+  ${NKF_LINK_LIBRARY} GTest::gtest GTest::gtest_main)
 
 file(GLOB _nkf_test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*/*_test.cc")
 set(_nkf_test_folders "")
@@ -39,7 +39,7 @@ foreach(subsystem IN LISTS _nkf_test_folders)
   add_executable(${target} ${_nkf_tests_of_${subsystem}})
   target_link_libraries(${target} PRIVATE nkfoundation_test_support)
   nkf_set_warnings(${target})
-  nkf_register_tests(${target})
+  nkf_register_tests(${target} ${subsystem})
 endforeach()
 
 # The umbrella header must name every public header.

@@ -2,9 +2,12 @@
 # Runs the Windows programs of a cross build under Wine, in a Wine prefix that
 # belongs to that build, without a display.
 #
-#   wine_run.sh start PREFIX             create PREFIX if needed, keep a wineserver up
-#   wine_run.sh exec  PREFIX PROGRAM...  run PROGRAM with its arguments
-#   wine_run.sh stop  PREFIX             end the wineserver and every Wine process
+#   wine_run.sh start ARCH PREFIX             create PREFIX if needed, keep a wineserver up
+#   wine_run.sh exec  ARCH PREFIX PROGRAM...  run PROGRAM with its arguments
+#   wine_run.sh stop  ARCH PREFIX             end the wineserver and every Wine process
+#
+# ARCH is win32 or win64: the 32-bit loader runs 32-bit programs as 32-bit
+# Linux processes; the 64-bit one needs nothing 32-bit from the kernel.
 #
 # CTest calls `exec` for each test (it is the build's CMAKE_CROSSCOMPILING_EMULATOR)
 # and brackets the tests with `start` and `stop`, so the prefix is created once
@@ -12,10 +15,20 @@
 set -euo pipefail
 
 action=${1:?action: start, exec or stop}
-export WINEPREFIX=${2:?Wine prefix folder}
-shift 2
+arch=${2:?architecture: win32 or win64}
+export WINEPREFIX=${3:?Wine prefix folder}
+shift 3
 
-export WINEARCH=win32 WINEDEBUG=-all
+case $arch in
+  win32) loader=/usr/lib/wine/wine ;;
+  win64) loader=/usr/lib/wine/wine64 ;;
+  *) echo "wine_run.sh: unknown architecture '$arch'" >&2; exit 2 ;;
+esac
+if [[ ! -x $loader ]]; then
+  echo "wine_run.sh: $loader is missing: install the $arch group (scripts/install_deps.sh $arch)" >&2
+  exit 1
+fi
+export WINEARCH=$arch WINELOADER=$loader WINEDEBUG=-all
 unset DISPLAY WAYLAND_DISPLAY
 
 ensure_prefix() {
@@ -27,9 +40,9 @@ ensure_prefix() {
     echo "wine_run.sh: creating the Wine prefix $WINEPREFIX" >&2
     rm -rf "$WINEPREFIX"
     # Empty overrides skip the Mono and Gecko installers, which would ask.
-    WINEDLLOVERRIDES="mscoree,mshtml=" wineboot -i
+    WINEDLLOVERRIDES="mscoree,mshtml=" "$loader" wineboot -i
     # The null driver lets programs create windows with no X server.
-    wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null
+    "$loader" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null
     wineserver -w
     touch "$WINEPREFIX/.nkf-ready"
   fi
@@ -45,12 +58,12 @@ case $action in
     {
       ensure_prefix
       wineserver -p
-      wineboot
+      "$loader" wineboot
     } </dev/null >"$WINEPREFIX.log" 2>&1
     ;;
   exec)
     ensure_prefix
-    exec wine "$@"
+    exec "$loader" "$@"
     ;;
   stop)
     wineserver -k 2>/dev/null || true
