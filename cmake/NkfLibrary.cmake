@@ -92,10 +92,12 @@ if(NKF_SHARED AND NOT WIN32 AND NOT APPLE)
 endif()
 # Users of a static library, the installed package's included, must see an
 # empty NKF_API: nothing of it is imported from a DLL.
-set(NKF_PKGCONFIG_CFLAGS "")
+# Inline arithmetic in the headers must round as the library does: no fused
+# multiply-add there either.
+set(NKF_PKGCONFIG_CFLAGS " -ffp-contract=off")
 if(NOT NKF_SHARED)
   target_compile_definitions(nkfoundation INTERFACE NKF_STATIC)
-  set(NKF_PKGCONFIG_CFLAGS " -DNKF_STATIC")
+  string(APPEND NKF_PKGCONFIG_CFLAGS " -DNKF_STATIC")
 endif()
 
 # The library the project's own executables link. On Windows they link the

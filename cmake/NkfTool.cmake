@@ -83,6 +83,9 @@ if(NKF_BUILD_TESTS)
     set_tests_properties(tool_image_import PROPERTIES FIXTURES_SETUP nkf_image_series)
     set_tests_properties(tool_image_export PROPERTIES FIXTURES_REQUIRED nkf_image_series
                          PASS_REGULAR_EXPRESSION "2 images written")
+    # A grey-line package from the fuzzer's seeds, unpacked into lines.
+    add_test(NAME tool_greylines
+             COMMAND nkfoundation_tool greylines "${PROJECT_SOURCE_DIR}/fuzz/corpus/greyline/absolute-escapes")
     add_test(NAME tool_image_import_not_a_picture
              COMMAND ${_nkf_tool_check} "-DARGS=image;import;${CMAKE_CURRENT_LIST_FILE};${_nkf_tool_dir}/no.img"
                      -P ${CMAKE_CURRENT_LIST_FILE})

@@ -59,3 +59,5 @@ nk::FieldsRead OType_CheckProgramInfoItem::GetFields(OByteStream& stream) {
                     members.Get(m_oPartSet_Protection, kNested) && members.Get(m_isActivePartSet, 1);
   return read ? nk::FieldsRead::kComplete : nk::FieldsRead::kNestedFailed;
 }
+
+OType_CheckProgramInfoItemArray::~OType_CheckProgramInfoItemArray() = default;

@@ -67,6 +67,9 @@ class NKF_API OType_CheckProgramInfoItemArray
     : public nk::ObjectArray<OType_CheckProgramInfoItemArray, std::shared_ptr<OType_CheckProgramInfoItem>> {
  public:
   static constexpr nk::FrameRules kFrame{nk::object_id::kCheckProgramInfoItemArray, 8};
+  // Defined in the library, so that the class and its virtual table are
+  // exported from it rather than made anew by every user.
+  ~OType_CheckProgramInfoItemArray() override;
 };
 
 #endif  // NKFOUNDATION_DEVICE_CHECK_PROGRAM_INFO_H_

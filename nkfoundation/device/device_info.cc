@@ -39,7 +39,8 @@ void Store(std::uint8_t* at, T value) {
   std::memcpy(at, &value, sizeof(T));
 }
 
-void AddField(OByteStream& stream, const DeviceInfoField& field, const std::uint8_t* at) {
+// Only a big-endian host writes field by field.
+[[maybe_unused]] void AddField(OByteStream& stream, const DeviceInfoField& field, const std::uint8_t* at) {
   switch (field.kind) {
     case DeviceFieldKind::kU8:
       stream.AddUInt8(field.offset == kRetiredByteOffset ? 0 : *at);

@@ -13,7 +13,9 @@
 // calls it with its own lock held, from whichever thread drives the progress.
 class NKF_API AStatusBar {
  public:
-  virtual ~AStatusBar() = default;
+  // Defined in the library, so that the interface's virtual table and type
+  // are exported from it rather than made anew by every implementer.
+  virtual ~AStatusBar();
 
   // Whether the progress window exists, so that steps can be shown.
   virtual bool HasProgressWindow() const = 0;

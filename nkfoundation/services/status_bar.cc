@@ -1,0 +1,3 @@
+#include "nkfoundation/services/status_bar.h"
+
+AStatusBar::~AStatusBar() = default;
