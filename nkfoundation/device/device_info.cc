@@ -247,8 +247,11 @@ bool OType_DeviceInfo::SetConfigMACAddress(char* mac) {
 
 bool OType_DeviceInfoArray::AddObjectData(OByteStream& stream) {
   // The frame is assembled apart and handed over in one piece, so a stream
-  // that sends as it is written never carries half an array. The scratch
-  // stream advances the caller's progress display as records go in.
+  // that sends as it is written never carries half an array. A memory stream
+  // sends nothing, and the bytes it ends with are the same either way: there
+  // the frame goes straight in, without a scratch copy of every record.
+  if (dynamic_cast<OByteStream_Memory*>(&stream) != nullptr) return ObjectArray::AddObjectData(stream);
+  // The scratch stream advances the caller's progress display as records go in.
   OByteStream_Memory scratch;
   scratch.SetProgressCtrl(stream.GetProgressCtrl());
   ObjectArray::AddObjectData(scratch);

@@ -3,10 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <memory>
 
+#include "nkfoundation/core/file_stream.h"
 #include "nkfoundation/core/memory_stream.h"
 #include "tests/support/bytes.h"
+#include "tests/support/temp_dir.h"
 
 namespace {
 
@@ -175,6 +179,16 @@ TEST(DeviceInfoArrayTest, FramesAndDamagedElement) {
   ASSERT_EQ(frame.size(), 12u + 3 * 1236);
   EXPECT_EQ(Bytes(frame.begin(), frame.begin() + 12), Hex("840E0000 0025D0FE 03000000"));
   EXPECT_EQ(array.GetObjectSize(), frame.size());
+
+  // A stream that is not in memory gets the frame assembled apart first:
+  // the same bytes.
+  nk::testing::TempDir dir;
+  OByteStream_File file;
+  ASSERT_TRUE(file.Open(dir / "array", nk::File::Mode::kWrite));
+  ASSERT_TRUE(array.AddObjectData(file));
+  ASSERT_TRUE(file.Close());
+  std::ifstream written(dir / "array", std::ios::binary);
+  EXPECT_EQ(Bytes(std::istreambuf_iterator<char>(written), {}), frame);
 
   // The second element's identifier is damaged: one record, the rest of the
   // frame is the tail and goes back out with the array.
