@@ -34,6 +34,7 @@
 #include "nkfoundation/core/variant_array.h"
 
 // Device and project model.
+#include "nkfoundation/device/camera_info_item.h"
 #include "nkfoundation/device/check_program_info.h"
 #include "nkfoundation/device/compatibility.h"
 #include "nkfoundation/device/device_diagnostic.h"
