@@ -14,6 +14,7 @@
 #include "nkfoundation/core/variant.h"
 #include "nkfoundation/core/variant_array.h"
 #include "nkfoundation/device/device_info.h"
+#include "nkfoundation/device/camera_info_item.h"
 #include "nkfoundation/device/check_program_info.h"
 #include "nkfoundation/device/compatibility.h"
 #include "nkfoundation/device/device_diagnostic.h"
@@ -111,7 +112,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         &ReadSettings, &ReadObject<OType_Compatibility>, &ReadObject<OType_DeviceDiagnostic>,
         &ReadObject<OType_DeviceDiagnosticArray>, &ReadObject<OType_ProjectProperties>,
         &ReadObject<OType_PartSet_Protection>, &ReadObject<OType_CheckProgramInfoItem>,
-        &ReadObject<OType_CheckProgramInfoItemArray>}) {
+        &ReadObject<OType_CheckProgramInfoItemArray>, &ReadObject<OType_Device_Camera_InfoItem>,
+        &ReadObject<OType_Device_Camera_InfoItemArray>}) {
     OByteStream_Memory frame(data, size);
     read(frame);
   }

@@ -12,10 +12,6 @@
 #include "nkfoundation/device/part_set_protection.h"
 
 namespace nkf::tools {
-namespace {
-
-// The member's own view, each field under the member's name; a member whose
-// class has no view is shown by its frame's size.
 void AddNested(const std::string& name, AFactorable& member, std::vector<nk::FieldText>& fields) {
   OByteStream_Memory frame;
   member.AddObjectData(frame);
@@ -26,6 +22,8 @@ void AddNested(const std::string& name, AFactorable& member, std::vector<nk::Fie
   }
   for (const nk::FieldText& field : view->fields) fields.push_back({name + "." + field.name, field.value});
 }
+
+namespace {
 
 std::string Quoted(const std::u16string& text) { return "\"" + nk::ToUtf8(text) + "\""; }
 

@@ -41,6 +41,7 @@ constexpr std::array kDescribers = {
     Describer{nk::object_id::kDeviceInfo, DescribeDeviceInfo},
     Describer{nk::object_id::kPartSetProtection, DescribePartSetProtection},
     Describer{nk::object_id::kCheckProgramInfoItem, DescribeCheckProgramInfoItem},
+    Describer{nk::object_id::kDeviceCameraInfoItem, DescribeCameraInfoItem},
 };
 
 }  // namespace

@@ -7,16 +7,23 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "nkfoundation/core/collection.h"
 #include "nkfoundation/core/frame_walker.h"
 
+class AFactorable;
 class OByteStream;
 
 namespace nkf::tools {
 
 // "3 bytes: 0A 0B 0C": the count and the first 32 bytes in hex.
 std::string ByteSummary(const WritableCollection<std::uint8_t>& bytes);
+
+// Appends a nested member's own view, each field under the member's name
+// ("m_oCreation_TimeDate.time"); a member whose class has no view is shown
+// by its frame's size.
+void AddNested(const std::string& name, AFactorable& member, std::vector<nk::FieldText>& fields);
 
 // The stamp as one date, "time = 2006-01-01 00:00:00.000000". Microseconds
 // outside 0 to 999999 follow a date without fraction, as a field of their
@@ -65,6 +72,10 @@ std::optional<nk::ObjectDescription> DescribePartSetProtection(OByteStream& fram
 // A check program's summary; the nested members show their own views' fields
 // under the member's name: "m_oCreation_TimeDate.time = ...".
 std::optional<nk::ObjectDescription> DescribeCheckProgramInfoItem(OByteStream& frame);
+
+// A camera's members by name, the type in hex, and the reference image
+// through its own view: "m_cameraImage.geometry = 640 x 480 ...".
+std::optional<nk::ObjectDescription> DescribeCameraInfoItem(OByteStream& frame);
 
 }  // namespace nkf::tools
 
