@@ -26,12 +26,12 @@ set(INSTALL_GTEST OFF)
 add_subdirectory(${NKF_GOOGLETEST_SOURCE_DIR} googletest EXCLUDE_FROM_ALL SYSTEM)
 set(BUILD_SHARED_LIBS ${NKF_SHARED})
 
-set(NKF_GTEST_RESULTS_DIR "${PROJECT_BINARY_DIR}/gtest-results")
 function(nkf_register_tests target subsystem)
   add_test(NAME ${target} COMMAND ${target})
-  # Wine maps / to drive Z:, so the absolute Unix path works as it is.
+  # Relative to the build folder, where CTest starts the test: a Windows
+  # program takes an absolute Unix path for one relative to its drive.
   set_tests_properties(${target} PROPERTIES
     LABELS ${subsystem}
-    ENVIRONMENT "GTEST_OUTPUT=xml:${NKF_GTEST_RESULTS_DIR}/${target}.xml")
+    ENVIRONMENT "GTEST_OUTPUT=xml:gtest-results/${target}.xml")
   nkf_use_wine(${target})
 endfunction()
