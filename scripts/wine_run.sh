@@ -43,9 +43,6 @@ ensure_prefix() {
     WINEDLLOVERRIDES="mscoree,mshtml=" "$loader" wineboot -i
     # The null driver lets programs create windows with no X server.
     "$loader" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null
-    # A crashing program ends with its exception instead of waiting for
-    # Wine's debugger, which would hold the test until CTest's timeout.
-    "$loader" reg delete 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' /v Debugger /f >/dev/null
     wineserver -w
     touch "$WINEPREFIX/.nkf-ready"
   fi
@@ -66,7 +63,9 @@ case $action in
     ;;
   exec)
     ensure_prefix
-    exec "$loader" "$@"
+    # A crashing program ends with its exception instead of starting Wine's
+    # debugger, which would hold the test until CTest's timeout.
+    WINEDLLOVERRIDES="winedbg.exe=d" exec "$loader" "$@"
     ;;
   stop)
     wineserver -k 2>/dev/null || true
