@@ -30,8 +30,3 @@ target_link_libraries(nkfoundation_dll_user PRIVATE nkfoundation)
 nkf_set_warnings(nkfoundation_dll_user)
 add_test(NAME dll_user COMMAND nkfoundation_dll_user)
 nkf_use_wine(dll_user)
-# Open defect: under Wine the program crashes inside the DLL's image coder,
-# jumping to a small address, while the same objects linked statically pass
-# every test (docs/build.md). Built and kept, reported as not run, until the
-# cause is found; the test command counts it as skipped.
-set_tests_properties(dll_user PROPERTIES DISABLED TRUE)

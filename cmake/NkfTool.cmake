@@ -38,6 +38,10 @@ endif()
 
 add_executable(nkfoundation_tool ${NKF_TOOL_SOURCES})
 set_target_properties(nkfoundation_tool PROPERTIES OUTPUT_NAME nkfoundation)
+# MinGW links every program with an import library of its own, named after
+# the output: the program's would be libnkfoundation.dll.a, the DLL's, and a
+# program linked against that would load nkfoundation.exe as its library.
+set_target_properties(nkfoundation_tool PROPERTIES IMPORT_SUFFIX ".exe.a")
 target_link_libraries(nkfoundation_tool PRIVATE ${NKF_LINK_LIBRARY} nkf_cli11)
 nkf_set_warnings(nkfoundation_tool)
 
