@@ -31,6 +31,7 @@ bool AFramedObject::GetObjectData(OByteStream& stream, bool bInitialize) {
   BeginGetFields(bInitialize);
   FieldsRead outcome = FieldsRead::kComplete;
   if (payload >= rules.min_payload) {
+    frame_end_ = end;
     outcome = GetFields(stream);
     if (outcome == FieldsRead::kNestedFailed) {
       stream.AbortGetObject(end);

@@ -65,6 +65,14 @@ class NKF_API AFramedObject : public AFactorable {
   virtual void BeginGetFields(bool /*bInitialize*/) {}
   // Runs instead of `GetFields` when the payload is below the minimum.
   virtual void OnShortPayload() {}
+
+  // While `GetFields` runs: where the frame being read ends, never beyond
+  // the stream. Classes whose later fields are optional read them while the
+  // frame still holds them.
+  std::uint64_t GetFrameEnd() const { return frame_end_; }
+
+ private:
+  std::uint64_t frame_end_ = 0;
 };
 
 }  // namespace nk

@@ -1,19 +1,6 @@
 #include "nkfoundation/device/check_program_info.h"
 
-#include <algorithm>
-
 namespace {
-
-// Where the frame whose fields are about to be read ends. Fields are read
-// right after the frame header, so its length field lies 8 bytes behind the
-// read position; a frame cut short by the stream ends with the stream.
-std::uint64_t FrameEnd(OByteStream& stream) {
-  const std::uint64_t payload_start = stream.GetPosition();
-  stream.SetPosition(payload_start - OByteStream::kFrameHeaderSize);
-  const std::uint32_t length = stream.GetUInt32();
-  stream.SetPosition(payload_start);
-  return std::min(payload_start - 4 + length, stream.GetLength());
-}
 
 // Reads members in order while the frame holds the start of the next one;
 // the first that is missing ends the reading with success.
@@ -51,7 +38,7 @@ void OType_CheckProgramInfoItem::InitializeMembers(bool /*bInitialize*/) {
 }
 
 nk::FieldsRead OType_CheckProgramInfoItem::GetFields(OByteStream& stream) {
-  MembersWhilePresent members(stream, FrameEnd(stream));
+  MembersWhilePresent members(stream, GetFrameEnd());
   m_partSet_Size = stream.GetUInt64();
   const bool read = members.Get(m_oStrPartSet_Name, kNested) && members.Get(m_oStrPartSet_Comment, kNested) &&
                     members.Get(m_oPartSet_Image, kNested) && members.Get(m_oCreation_TimeDate, kNested) &&

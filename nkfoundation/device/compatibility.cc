@@ -52,17 +52,6 @@ void ParseVersion(const std::u16string& text, Version& version) {
   }
 }
 
-// Fields are read right after the frame header, so its length field lies 8
-// bytes behind the read position; it tells where the frame ends.
-std::uint64_t FrameEnd(OByteStream& stream) {
-  const std::uint64_t payload_start = stream.GetPosition();
-  std::uint32_t length = 0;
-  stream.SetPosition(payload_start - 8);
-  stream.GetUInt32(length);
-  stream.SetPosition(payload_start);
-  return payload_start - 4 + length;
-}
-
 }  // namespace
 
 void OType_Compatibility::InitializeMembers(bool /*bInitialize*/) {
@@ -135,10 +124,9 @@ void OType_Compatibility::BeginGetFields(bool bInitialize) {
 nk::FieldsRead OType_Compatibility::GetFields(OByteStream& stream) {
   using Bounds = nk::FieldList<&OType_Compatibility::m_iaMinimumCompatibilityFirmwareVersion,
                                &OType_Compatibility::m_iaMaximumCompatibilityFirmwareVersion>;
-  const std::uint64_t end = FrameEnd(stream);
   Bounds::Get(stream, *this);
   // Frames written before the creating version existed end after the bounds.
-  if (end - stream.GetPosition() >= sizeof m_qtvVersionCreatedWith) {
+  if (GetFrameEnd() - stream.GetPosition() >= sizeof m_qtvVersionCreatedWith) {
     m_qtvVersionCreatedWith = stream.GetUInt64();
   }
   return nk::FieldsRead::kComplete;
