@@ -24,11 +24,16 @@ target_compile_definitions(nkfoundation_test_support ${_nkf_scope}
 target_link_libraries(nkfoundation_test_support ${_nkf_scope}
   ${NKF_LINK_LIBRARY} GTest::gtest GTest::gtest_main)
 
-file(GLOB _nkf_test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*/*_test.cc")
+# Tests of Win32-only code sit in tests/<subsystem>/win32/ and join their
+# subsystem's executable in Windows builds.
+set(_nkf_test_patterns "${PROJECT_SOURCE_DIR}/tests/*/*_test.cc")
+if(WIN32)
+  list(APPEND _nkf_test_patterns "${PROJECT_SOURCE_DIR}/tests/*/win32/*_test.cc")
+endif()
+file(GLOB _nkf_test_sources CONFIGURE_DEPENDS ${_nkf_test_patterns})
 set(_nkf_test_folders "")
 foreach(source IN LISTS _nkf_test_sources)
-  get_filename_component(folder "${source}" DIRECTORY)
-  get_filename_component(subsystem "${folder}" NAME)
+  string(REGEX REPLACE "^.*/tests/([^/]+)/.*$" "\\1" subsystem "${source}")
   list(APPEND _nkf_test_folders ${subsystem})
   list(APPEND _nkf_tests_of_${subsystem} "${source}")
 endforeach()

@@ -73,4 +73,8 @@
 #include "nkfoundation/services/utils.h"
 #include "nkfoundation/services/wait_cursor.h"
 
+// What only Windows has: the registry, windows, menus and OLE dates.
+#if defined(_WIN32)
+#endif
+
 #endif  // NKFOUNDATION_NKFOUNDATION_H_
