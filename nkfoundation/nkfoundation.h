@@ -75,6 +75,10 @@
 
 // What only Windows has: the registry, windows, menus and OLE dates.
 #if defined(_WIN32)
+#include "nkfoundation/services/win32/application_profile_registry.h"
+#include "nkfoundation/services/win32/registry.h"
+#include "nkfoundation/services/win32/registry_strings.h"
+#include "nkfoundation/services/win32/registry_value.h"
 #endif
 
 #endif  // NKFOUNDATION_NKFOUNDATION_H_
