@@ -79,6 +79,10 @@
 #include "nkfoundation/services/win32/registry.h"
 #include "nkfoundation/services/win32/registry_strings.h"
 #include "nkfoundation/services/win32/registry_value.h"
+#include "nkfoundation/services/win32/message_dispatcher_hwnd.h"
+#include "nkfoundation/services/win32/mfc_compat.h"
+#include "nkfoundation/services/win32/status_bar_hwnd.h"
+#include "nkfoundation/services/win32/window_utils.h"
 #endif
 
 #endif  // NKFOUNDATION_NKFOUNDATION_H_
