@@ -29,6 +29,13 @@ else()
   list(FILTER NKF_LIBRARY_SOURCES EXCLUDE REGEX "/image/(jpeg|png)_codec\\.cc$")
 endif()
 
+# Windows system libraries that MinGW does not link by default: oleaut32
+# converts the OLE automation dates (nkfoundation/core/win32/ole_date.cc).
+set(NKF_SYSTEM_LIBRARIES "")
+if(WIN32)
+  list(APPEND NKF_SYSTEM_LIBRARIES oleaut32)
+endif()
+
 # What every target made of the library's sources needs.
 function(nkf_library_usage target scope)
   target_include_directories(${target} ${scope}
@@ -78,7 +85,7 @@ endif()
 add_library(nkfoundation $<TARGET_OBJECTS:nkfoundation_objects>)
 add_library(NkFoundation::nkfoundation ALIAS nkfoundation)
 nkf_library_usage(nkfoundation PUBLIC)
-target_link_libraries(nkfoundation PRIVATE ${NKF_PICTURE_LIBRARIES})
+target_link_libraries(nkfoundation PRIVATE ${NKF_PICTURE_LIBRARIES} ${NKF_SYSTEM_LIBRARIES})
 set_target_properties(nkfoundation PROPERTIES
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR})
@@ -108,7 +115,7 @@ if(WIN32 AND NKF_SHARED)
   include(NkfWindowsDll)
   add_library(nkfoundation_static STATIC $<TARGET_OBJECTS:nkfoundation_objects>)
   nkf_library_usage(nkfoundation_static PUBLIC)
-  target_link_libraries(nkfoundation_static PRIVATE ${NKF_PICTURE_LIBRARIES})
+  target_link_libraries(nkfoundation_static PRIVATE ${NKF_PICTURE_LIBRARIES} ${NKF_SYSTEM_LIBRARIES})
   # Its objects are the DLL's, compiled with dllexport; what links the twin
   # must not expect dllimport.
   target_compile_definitions(nkfoundation_static INTERFACE NKF_STATIC)

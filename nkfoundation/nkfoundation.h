@@ -20,6 +20,7 @@
 #include "nkfoundation/core/memory_stream.h"
 #include "nkfoundation/core/object_array.h"
 #include "nkfoundation/core/object_ids.h"
+#include "nkfoundation/core/ole_date.h"
 #include "nkfoundation/core/progress_ctrl.h"
 #include "nkfoundation/core/rect.h"
 #include "nkfoundation/core/reference.h"

@@ -2,102 +2,10 @@
 
 #if !defined(NK_HAVE_MFC)
 
-#include <cmath>
 #include <cstdio>
 
 #include "nkfoundation/core/local_time.h"
-
-namespace {
-
-// --- The proleptic Gregorian calendar ---------------------------------------
-
-struct CivilDate {
-  int year;
-  int month;
-  int day;
-};
-
-constexpr bool IsLeapYear(int year) {
-  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-}
-
-constexpr int DaysInMonth(int year, int month) {
-  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
-}
-
-// Days since 1 January 1970 (the era-based algorithm: exact for every year).
-constexpr std::int64_t DaysFromCivil(CivilDate date) {
-  const std::int64_t y = date.year - (date.month <= 2 ? 1 : 0);
-  const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
-  const std::int64_t year_of_era = y - era * 400;
-  const std::int64_t month_index = (date.month + 9) % 12;  // March = 0
-  const std::int64_t day_of_year = (153 * month_index + 2) / 5 + date.day - 1;
-  const std::int64_t day_of_era =
-      year_of_era * 365 + year_of_era / 4 - year_of_era / 100 + day_of_year;
-  return era * 146097 + day_of_era - 719468;
-}
-
-constexpr CivilDate CivilFromDays(std::int64_t days) {
-  days += 719468;
-  const std::int64_t era = (days >= 0 ? days : days - 146096) / 146097;
-  const std::int64_t day_of_era = days - era * 146097;
-  const std::int64_t year_of_era =
-      (day_of_era - day_of_era / 1460 + day_of_era / 36524 - day_of_era / 146096) / 365;
-  const std::int64_t day_of_year =
-      day_of_era - (365 * year_of_era + year_of_era / 4 - year_of_era / 100);
-  const std::int64_t month_index = (5 * day_of_year + 2) / 153;
-  const int day = static_cast<int>(day_of_year - (153 * month_index + 2) / 5 + 1);
-  const int month = static_cast<int>(month_index < 10 ? month_index + 3 : month_index - 9);
-  const int year = static_cast<int>(year_of_era + era * 400 + (month <= 2 ? 1 : 0));
-  return {year, month, day};
-}
-
-// Day 0 of the OLE date.
-constexpr std::int64_t kOleEpochDays = DaysFromCivil({1899, 12, 30});
-constexpr int kSecondsPerDay = 86400;
-constexpr int kFirstYear = 100;
-constexpr int kLastYear = 9999;
-
-struct DateFields {
-  int year, month, day, hour, minute, second;
-};
-
-bool InRange(const DateFields& f) {
-  return f.year >= kFirstYear && f.year <= kLastYear && f.month >= 1 && f.month <= 12 &&
-         f.day >= 1 && f.day <= DaysInMonth(f.year, f.month) && f.hour >= 0 && f.hour <= 23 &&
-         f.minute >= 0 && f.minute <= 59 && f.second >= 0 && f.second <= 59;
-}
-
-double OleDateFromFields(const DateFields& f) {
-  const std::int64_t days = DaysFromCivil({f.year, f.month, f.day}) - kOleEpochDays;
-  const double fraction = (f.hour * 3600 + f.minute * 60 + f.second) / double{kSecondsPerDay};
-  // Before day 0 the fraction still counts forward within the day, so it is
-  // stored with the sign of the day.
-  return days < 0 ? static_cast<double>(days) - fraction : static_cast<double>(days) + fraction;
-}
-
-bool FieldsFromOleDate(double date, DateFields* out) {
-  // Beyond about ±3.3 million days no date lies in years 100 to 9999.
-  if (!std::isfinite(date) || std::fabs(date) > 3.3e6) return false;
-  const double whole = std::trunc(date);
-  std::int64_t days = static_cast<std::int64_t>(whole);
-  std::int64_t seconds = std::llround(std::fabs(date - whole) * kSecondsPerDay);
-  if (seconds == kSecondsPerDay) {
-    seconds = 0;
-    ++days;
-  }
-  const CivilDate civil = CivilFromDays(days + kOleEpochDays);
-  *out = {civil.year,
-          civil.month,
-          civil.day,
-          static_cast<int>(seconds / 3600),
-          static_cast<int>(seconds / 60 % 60),
-          static_cast<int>(seconds % 60)};
-  return civil.year >= kFirstYear && civil.year <= kLastYear;
-}
-
-}  // namespace
+#include "nkfoundation/core/ole_date.h"
 
 // --- CTime -------------------------------------------------------------------
 
@@ -141,42 +49,44 @@ COleDateTime::COleDateTime(int year, int month, int day, int hour, int minute, i
 
 COleDateTime::DateTimeStatus COleDateTime::SetDateTime(int year, int month, int day, int hour,
                                                        int minute, int second) {
-  const DateFields fields{year, month, day, hour, minute, second};
-  if (!InRange(fields)) {
+  if (nk::ole_date::FromFields({year, month, day, hour, minute, second}, &m_dt)) {
+    m_status = valid;
+  } else {
     m_dt = 0.0;
     m_status = invalid;
-  } else {
-    m_dt = OleDateFromFields(fields);
-    m_status = valid;
   }
   return m_status;
 }
 
 namespace {
 
+using nk::ole_date::Fields;
+
+// The fields of a valid date whose value converts.
+bool FieldsOf(const COleDateTime& date, Fields* fields) {
+  return date.GetStatus() == COleDateTime::valid && nk::ole_date::ToFields(date.m_dt, fields);
+}
+
 // One field of a valid, convertible date, or -1.
-template <int DateFields::*kField>
+template <int Fields::*kField>
 int FieldOf(const COleDateTime& date) {
-  DateFields fields;
-  if (date.GetStatus() != COleDateTime::valid || !FieldsFromOleDate(date.m_dt, &fields)) {
-    return COleDateTime::error;
-  }
-  return fields.*kField;
+  Fields fields;
+  return FieldsOf(date, &fields) ? fields.*kField : COleDateTime::error;
 }
 
 }  // namespace
 
-int COleDateTime::GetYear() const { return FieldOf<&DateFields::year>(*this); }
-int COleDateTime::GetMonth() const { return FieldOf<&DateFields::month>(*this); }
-int COleDateTime::GetDay() const { return FieldOf<&DateFields::day>(*this); }
-int COleDateTime::GetHour() const { return FieldOf<&DateFields::hour>(*this); }
-int COleDateTime::GetMinute() const { return FieldOf<&DateFields::minute>(*this); }
-int COleDateTime::GetSecond() const { return FieldOf<&DateFields::second>(*this); }
+int COleDateTime::GetYear() const { return FieldOf<&Fields::year>(*this); }
+int COleDateTime::GetMonth() const { return FieldOf<&Fields::month>(*this); }
+int COleDateTime::GetDay() const { return FieldOf<&Fields::day>(*this); }
+int COleDateTime::GetHour() const { return FieldOf<&Fields::hour>(*this); }
+int COleDateTime::GetMinute() const { return FieldOf<&Fields::minute>(*this); }
+int COleDateTime::GetSecond() const { return FieldOf<&Fields::second>(*this); }
 
 std::u16string COleDateTime::Format(std::u16string_view format) const {
   if (m_status == null) return {};
-  DateFields fields;
-  if (m_status != valid || !FieldsFromOleDate(m_dt, &fields)) return u"Invalid DateTime";
+  Fields fields;
+  if (!FieldsOf(*this, &fields)) return u"Invalid DateTime";
 
   std::u16string text;
   auto append_number = [&text](int value, int width) {

@@ -4,8 +4,10 @@
 // A Windows build with the host's class framework (NK_HAVE_MFC) uses the
 // framework's own classes. Everywhere else, including the mingw build, this
 // header supplies small value types of the same names and meaning, limited to
-// what time stamps and variants use, so that a later port onto the OLE
-// automation date functions stays a matter of one source file.
+// what time stamps and variants use. Like the framework's, they convert
+// through the runtime library's 64-bit time functions and OLE automation on
+// Windows (nkfoundation/core/ole_date.h); other platforms use the C library
+// and portable calendar arithmetic.
 #ifndef NKFOUNDATION_CORE_DATE_TYPES_H_
 #define NKFOUNDATION_CORE_DATE_TYPES_H_
 
