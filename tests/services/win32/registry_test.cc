@@ -1,0 +1,271 @@
+#include "nkfoundation/services/win32/registry.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "nkfoundation/services/win32/registry_value.h"
+#include "tests/support/bytes.h"
+#include "tests/support/win32/scratch_registry_key.h"
+
+namespace nk::testing {
+namespace {
+
+Bytes BytesOf(const OType_RegistryValue& value) {
+  return Bytes(value.GetData(), value.GetData() + value.GetSize());
+}
+
+WritableCollection<std::u16string> Strings(std::vector<std::u16string> strings) {
+  return WritableCollection<std::u16string>(std::move(strings));
+}
+
+std::wstring ToWide(const std::string& ascii) { return std::wstring(ascii.begin(), ascii.end()); }
+
+std::vector<std::u16string> Elements(const WritableCollection<std::u16string>& strings) {
+  return strings;
+}
+
+TEST(RegistryValueTest, SettersStoreTypeAndExactBytes) {
+  unsigned char block[] = {0xDE, 0xAD, 0xBE};
+  const wchar_t* wide[] = {L"ab", nullptr, L"c"};
+  OType_RegistryValue dword(0x12345678ul), text("abc"), binary(block, 3), multi(Strings({u"ab", u"", u"c"}));
+  const struct {
+    const OType_RegistryValue& value;
+    unsigned long type;
+    Bytes bytes;
+  } kCases[] = {
+      {dword, REG_DWORD, Hex("78563412")},
+      {text, REG_SZ, Hex("61626300")},
+      {binary, REG_BINARY, Hex("DEADBE")},
+      // Every string with its zero unit, then one more.
+      {multi, REG_MULTI_SZ, Hex("61006200 0000 0000 6300 0000 0000")},
+  };
+  for (const auto& expected : kCases) {
+    EXPECT_EQ(expected.value.GetType(), expected.type);
+    EXPECT_EQ(BytesOf(expected.value), expected.bytes);
+  }
+
+  OType_RegistryValue value(1ul);
+  value.SetValue(nullptr, false);
+  EXPECT_EQ(value.GetType(), static_cast<unsigned long>(REG_SZ));
+  EXPECT_EQ(BytesOf(value), Hex("00"));
+  value.SetValue("%PATH%", true);
+  EXPECT_EQ(value.GetType(), static_cast<unsigned long>(REG_EXPAND_SZ));
+  value.SetValue(wide, 3);
+  EXPECT_EQ(BytesOf(value), BytesOf(multi));
+  value.SetValue(wide, 0);
+  EXPECT_EQ(value.GetType(), static_cast<unsigned long>(REG_MULTI_SZ));
+  EXPECT_EQ(BytesOf(value), Hex("00000000"));
+  value.SetValue(static_cast<unsigned char*>(nullptr), 0ul);
+  EXPECT_EQ(value.GetSize(), 0ul);
+  EXPECT_EQ(value.GetData(), nullptr);
+}
+
+TEST(RegistryValueTest, GettersAcceptOnlyTheirTypesAndLeaveOutputsOtherwise) {
+  unsigned char block[] = {1, 2, 3, 4};
+  OType_RegistryValue dword(7ul), text("abc"), binary(block, 4);
+
+  std::string string = "keep";
+  unsigned long number = 99;
+  unsigned char out[4] = {9, 9, 9, 9};
+  unsigned char* out_pointer = out;
+  WritableCollection<std::u16string> strings = Strings({u"keep"});
+  EXPECT_FALSE(dword.GetValue(string));
+  EXPECT_FALSE(text.GetValue(number));
+  EXPECT_FALSE(text.GetValue(out_pointer, 4));
+  EXPECT_FALSE(binary.GetValue(strings));
+  EXPECT_FALSE(binary.GetValue(out_pointer, 3));  // not the stored size
+  EXPECT_EQ(string, "keep");
+  EXPECT_EQ(number, 99ul);
+  EXPECT_EQ(Bytes(out, out + 4), Hex("09090909"));
+  EXPECT_EQ(Elements(strings), std::vector<std::u16string>{u"keep"});
+
+  EXPECT_TRUE(dword.GetValue(number));
+  EXPECT_EQ(number, 7ul);
+  EXPECT_TRUE(text.GetValue(string));
+  EXPECT_EQ(string, "abc");
+  EXPECT_TRUE(binary.GetValue(out_pointer, 4));
+  EXPECT_EQ(Bytes(out, out + 4), Hex("01020304"));
+
+  // The multi-string splits at its double terminator; non-BMP text survives.
+  OType_RegistryValue multi(Strings({u"one", u"\U0001F600x", u"", u"lost"}));
+  ASSERT_TRUE(multi.GetValue(strings));
+  EXPECT_EQ(Elements(strings), (std::vector<std::u16string>{u"one", u"\U0001F600x"}));
+  const wchar_t* first = nullptr;
+  ASSERT_TRUE(multi.GetValue(first));
+  EXPECT_EQ(std::wstring(first), L"one");
+}
+
+class RegistryTest : public ::testing::Test {
+ protected:
+  const char* Key() const { return scratch_.path().c_str(); }
+  std::string Key(const std::string& below) const { return scratch_ / below; }
+
+  ScratchRegistryKey scratch_{"registry"};
+  OType_Registry registry_{HKEY_CURRENT_USER};
+};
+
+TEST_F(RegistryTest, SavesAndLoadsEveryKindOfValue) {
+  unsigned char block[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
+  ASSERT_TRUE(registry_.SaveKey(Key(), "dword", 0xCAFEul));
+  ASSERT_TRUE(registry_.SaveKey(Key(), "text", "hello"));
+  ASSERT_TRUE(OType_Registry::SaveKey(Key(), "binary", block, 16, HKEY_CURRENT_USER));
+  ASSERT_TRUE(registry_.SaveKey(Key(), "multi", OType_RegistryValue(Strings({u"a", u"bc"}))));
+
+  // Written with their types, as other programs see them.
+  DWORD type = 0, stored = 0, size = sizeof stored;
+  ASSERT_EQ(RegGetValueA(HKEY_CURRENT_USER, Key(), "dword", RRF_RT_ANY, &type, &stored, &size), ERROR_SUCCESS);
+  EXPECT_EQ(type, static_cast<DWORD>(REG_DWORD));
+  EXPECT_EQ(stored, 0xCAFEu);
+  // Through the ANSI calls every byte of the UTF-16 multi-string is widened
+  // on the way in and narrowed on the way out: it round-trips through this
+  // class, while wide readers see twice the bytes.
+  size = 0;
+  ASSERT_EQ(RegGetValueW(HKEY_CURRENT_USER, ToWide(Key()).c_str(), L"multi", RRF_RT_ANY, &type, nullptr, &size),
+            ERROR_SUCCESS);
+  EXPECT_EQ(type, static_cast<DWORD>(REG_MULTI_SZ));
+  EXPECT_EQ(size, 2u * (2 + 2 + 3 * 2 + 2));
+
+  unsigned long number = 0;
+  std::string text;
+  unsigned char read[16] = {};
+  WritableCollection<std::u16string> strings;
+  OType_RegistryValue multi(0ul);
+  EXPECT_TRUE(registry_.LoadKey(Key(), "dword", number));
+  EXPECT_TRUE(OType_Registry::LoadKey(Key(), "text", text, HKEY_CURRENT_USER));
+  EXPECT_TRUE(registry_.LoadKey(Key(), "binary", read, 16));
+  ASSERT_TRUE(registry_.LoadKey(Key(), "multi", multi));
+  EXPECT_EQ(number, 0xCAFEul);
+  EXPECT_EQ(text, "hello");
+  EXPECT_EQ(Bytes(read, read + 16), Bytes(block, block + 16));
+  ASSERT_TRUE(multi.GetValue(strings));
+  EXPECT_EQ(Elements(strings), (std::vector<std::u16string>{u"a", u"bc"}));
+}
+
+TEST_F(RegistryTest, LoadsKeepStoredBytesAndRefuseWhatDoesNotFit) {
+  HKEY key = nullptr;
+  ASSERT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, Key(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr),
+            ERROR_SUCCESS);
+  const BYTE big_endian[] = {0x12, 0x34, 0x56, 0x78};
+  BYTE sixteen[16] = {};
+  RegSetValueExA(key, "big", 0, REG_DWORD_BIG_ENDIAN, big_endian, 4);
+  RegSetValueExA(key, "sixteen", 0, REG_BINARY, sixteen, 16);
+  RegCloseKey(key);
+
+  // Not swapped: the bytes as stored.
+  unsigned long number = 0;
+  EXPECT_TRUE(registry_.LoadKey(Key(), "big", number));
+  EXPECT_EQ(number, 0x78563412ul);
+
+  unsigned char eight[8] = {5, 5, 5, 5, 5, 5, 5, 5};
+  std::string text = "keep";
+  number = 1;
+  EXPECT_FALSE(registry_.LoadKey(Key(), "sixteen", eight, 8));
+  EXPECT_FALSE(registry_.LoadKey(Key(), "sixteen", text));
+  EXPECT_FALSE(registry_.LoadKey(Key(), "missing", number));
+  EXPECT_FALSE(registry_.LoadKey(Key("missing").c_str(), "big", number));
+  EXPECT_EQ(Bytes(eight, eight + 8), Hex("0505050505050505"));
+  EXPECT_EQ(text, "keep");
+  EXPECT_EQ(number, 1ul);
+}
+
+TEST_F(RegistryTest, DeletesValuesAndWholeTreesAndCountsEntries) {
+  for (const char* below : {"a\\b\\c", "a\\b\\d", "a\\e"}) {
+    ASSERT_TRUE(registry_.SaveKey(Key(below).c_str(), "v", 1ul));
+  }
+  ASSERT_TRUE(registry_.SaveKey(Key("a").c_str(), "w", "x"));
+  unsigned long keys = 9, values = 9;
+  EXPECT_TRUE(registry_.HasEntries(Key("a").c_str(), &keys, &values));
+  EXPECT_EQ(std::tie(keys, values), std::make_tuple(2ul, 1ul));
+
+  EXPECT_TRUE(registry_.DeleteKey(Key("a").c_str(), "w"));
+  EXPECT_FALSE(registry_.DeleteKey(Key("a").c_str(), "w"));
+  EXPECT_TRUE(registry_.HasEntries(Key("a").c_str(), &keys, nullptr));
+  EXPECT_EQ(keys, 2ul);
+
+  EXPECT_TRUE(registry_.DeleteKey(Key("a").c_str(), nullptr));
+  EXPECT_FALSE(scratch_.Exists("a"));
+  EXPECT_FALSE(OType_Registry::DeleteKey(Key("a").c_str(), nullptr, HKEY_CURRENT_USER));
+  // Empty, then missing.
+  EXPECT_FALSE(registry_.HasEntries(Key(), &keys, &values));
+  EXPECT_EQ(std::tie(keys, values), std::make_tuple(0ul, 0ul));
+  EXPECT_TRUE(scratch_.Exists());
+  keys = 9;
+  EXPECT_FALSE(registry_.HasEntries(Key("a").c_str(), &keys, nullptr));
+  EXPECT_EQ(keys, 0ul);
+}
+
+TEST_F(RegistryTest, ConnectKeepsThePreviousRootOnFailure) {
+  OType_Registry registry(nullptr);
+  EXPECT_FALSE(registry.Connect("\\\\no-such-machine.invalid", HKEY_CURRENT_USER));
+  EXPECT_EQ(registry.GetKey(), nullptr);
+  ASSERT_TRUE(registry.Connect(nullptr, HKEY_CURRENT_USER));
+  // Good for one access: the save closes the connected root.
+  EXPECT_TRUE(registry.SaveKey(Key(), "v", 3ul));
+  unsigned long number = 0;
+  EXPECT_TRUE(registry_.LoadKey(Key(), "v", number));
+  EXPECT_EQ(number, 3ul);
+  EXPECT_NE(registry.SetKey(HKEY_LOCAL_MACHINE), nullptr);
+  EXPECT_EQ(registry.GetKey(), HKEY_LOCAL_MACHINE);
+}
+
+// Collects what a walk meets, and stops after `limit` hits.
+class CollectingRegistry : public OType_Registry {
+ public:
+  explicit CollectingRegistry(std::size_t limit = SIZE_MAX) : OType_Registry(HKEY_CURRENT_USER), limit_(limit) {}
+
+  bool OnValueHit(const char* keyPath, const char* valueName, const OType_RegistryValue& value,
+                  unsigned short depth) override {
+    unsigned long number = 0;
+    value.GetValue(number);
+    hits.push_back(std::string(keyPath) + "|" + valueName + "=" + std::to_string(number) + "@" +
+                   std::to_string(depth));
+    return hits.size() < limit_;
+  }
+  bool OnKeyHit(const char* subKeyName, unsigned short depth) override {
+    hits.push_back(std::string("key ") + subKeyName + "@" + std::to_string(depth));
+    return hits.size() < limit_;
+  }
+
+  std::vector<std::string> hits;
+
+ private:
+  std::size_t limit_;
+};
+
+TEST_F(RegistryTest, WalkVisitsTheTreeDepthFirstAndStopsOnFalse) {
+  ASSERT_TRUE(registry_.SaveKey(Key(), "top", 1ul));
+  ASSERT_TRUE(registry_.SaveKey(Key("b\\c").c_str(), "deep", 3ul));
+  ASSERT_TRUE(registry_.SaveKey(Key("b").c_str(), "mid", 2ul));
+
+  const std::string root = scratch_.path();
+  const struct {
+    unsigned int flags;
+    std::vector<std::string> hits;
+  } kCases[] = {
+      {OType_Registry::kWalkValues | OType_Registry::kWalkKeys,
+       {root + "|top=1@0", "key b@0", root + "\\b|mid=2@1", "key c@1", root + "\\b\\c|deep=3@2"}},
+      {OType_Registry::kWalkValues, {root + "|top=1@0", root + "\\b|mid=2@1", root + "\\b\\c|deep=3@2"}},
+      {OType_Registry::kWalkKeys, {"key b@0", "key c@1"}},
+      {0, {}},
+  };
+  for (const auto& expected : kCases) {
+    CollectingRegistry walker;
+    EXPECT_TRUE(walker.RegistryTreeWalk(Key(), expected.flags));
+    EXPECT_EQ(walker.hits, expected.hits) << "flags " << expected.flags;
+  }
+
+  CollectingRegistry stopping(2);
+  EXPECT_FALSE(stopping.RegistryTreeWalk(Key(), OType_Registry::kWalkValues | OType_Registry::kWalkKeys));
+  EXPECT_EQ(stopping.hits.size(), 2u);
+  // The base class stops at its first hit; an empty key has none.
+  EXPECT_FALSE(registry_.RegistryTreeWalk(Key(), OType_Registry::kWalkValues));
+  EXPECT_TRUE(registry_.RegistryTreeWalk(Key("b\\c").c_str(), OType_Registry::kWalkKeys));
+  EXPECT_FALSE(registry_.RegistryTreeWalk(Key("missing").c_str(), OType_Registry::kWalkKeys));
+}
+
+}  // namespace
+}  // namespace nk::testing
