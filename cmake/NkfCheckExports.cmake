@@ -5,8 +5,12 @@
 #   and thunks) or is a marked function. Anything else, above all instances of
 #   the standard library (std::, __gnu_cxx::) and of the bundled header-only
 #   libraries (utf8::), is an offender: callers would bind to the library's
-#   private copy. C names are not judged here: the flat export layer exports
-#   them under its own macro, and a DLL adds the stdcall aliases.
+#   private copy.
+# - Every C export is a marked function or belongs to the managed binding's
+#   flat layer (SWIGEXPORT): the CSharp_... wrappers of the module and its
+#   four SWIGRegister... callback registrations, in a DLL also in their
+#   decorated stdcall form (name@N). Nothing else of the generated wrapper,
+#   and no stray C symbol, may leave the library.
 # - Every marked class and function appears in the table, so a mark that does
 #   not reach the linker (a definition missing on this platform, an interface
 #   whose vtable nobody emits) fails here rather than in a caller's link.
@@ -117,6 +121,12 @@ function(nkf_check_exports names_file root with_win32 cxxfilt)
 
   set(offenders "")
   set(found "")
+  set(binding_exports "^(CSharp_NativeInterfacefNkKernelfFoundationfBase_[A-Za-z0-9_]+___|SWIGRegister(Exception|ExceptionArgument|String|U16String)Callbacks?_NativeInterfaceNkKernelFoundationBase)(@[0-9]+)?$")
+  foreach(name IN LISTS c_names)
+    if(NOT name IN_LIST functions AND NOT name MATCHES "${binding_exports}")
+      list(APPEND offenders "${name}")
+    endif()
+  endforeach()
   foreach(export IN LISTS exports)
     # What a class carries besides its members.
     string(REGEX REPLACE "^(vtable for |typeinfo for |typeinfo name for |VTT for |construction vtable for |non-virtual thunk to |virtual thunk to |covariant return thunk to |guard variable for )+" "" name "${export}")

@@ -77,8 +77,53 @@ namespace nk { typedef ::int32_t ssize_t; }
   void SetCapacity(nk::ssize_t n);
 %enddef
 
-%shared_ptr(AFactorable)
-%shared_ptr(nk::AFramedObject)
+// The second form of EqualsSharedPtrNative takes the raw holder handle that a
+// proxy's getCPtr gives, for code that keeps handles rather than proxies.
+%typemap(ctype) const void* holder "void *"
+%typemap(imtype) const void* holder "global::System.IntPtr"
+%typemap(cstype) const void* holder "global::System.IntPtr"
+%typemap(csin) const void* holder "$csinput"
+%typemap(in) const void* holder %{ $1 = $input; %}
+
+// A class held by shared pointer. Besides the holder it gets equality and a
+// hash by the object pointed to, so two proxies of one object compare equal
+// on the managed side. EXTRA is more C# code for the proxy class.
+%define NKF_SHARED_CODE(CLASS, EXTRA)
+%shared_ptr(CLASS)
+%extend CLASS {
+  bool EqualsSharedPtrNative(const std::shared_ptr< CLASS >& other) const {
+    return $self == other.get();
+  }
+  bool EqualsSharedPtrNative(const void* holder) const {
+    return holder != nullptr && $self == static_cast<const std::shared_ptr< CLASS >*>(holder)->get();
+  }
+  int GetHashCodeSharedPtrNative() const {
+    return static_cast<int>(std::hash<const void*>{}($self));
+  }
+}
+%typemap(cscode) CLASS %{
+  public override bool Equals(object obj) {
+    $csclassname other = obj as $csclassname;
+    return other != null && EqualsSharedPtrNative(other);
+  }
+
+  public override int GetHashCode() {
+    return GetHashCodeSharedPtrNative();
+  }
+EXTRA
+%}
+%enddef
+%define NKF_SHARED(CLASS)
+NKF_SHARED_CODE(%arg(CLASS), )
+%enddef
+
+// Every shared class must be known as such before the first declaration that
+// takes it, or that parameter would expect a bare object instead of a holder.
+NKF_SHARED(AFactorable)
+NKF_SHARED(nk::AFramedObject)
+NKF_SHARED(OByteStream)
+NKF_SHARED(OByteStream_Memory)
+NKF_SHARED(AProgressCtrl)
 %include "nkfoundation/core/factorable.h"
 %ignore nk::AFramedObject::GetFrameEnd;
 %include "nkfoundation/core/framed_object.h"
@@ -115,8 +160,8 @@ class ObjectArray : public AFramedObject {
 
 // A framed class: shared, with its frame base named <Class>Base.
 %define NKF_FRAMED(CLASS)
-%shared_ptr(nk::Framed<CLASS>)
-%shared_ptr(CLASS)
+NKF_SHARED(nk::Framed<CLASS>)
+NKF_SHARED(CLASS)
 class CLASS;
 %template(CLASS ## Base) nk::Framed<CLASS>;
 %enddef
@@ -124,11 +169,10 @@ class CLASS;
 // An object array: shared, its collection base named <Array>Base, its
 // enumerator <Array>Enumerator, and a managed IEnumerable over both.
 %define NKF_OBJECT_ARRAY(ARRAY, ELEMENT)
-%shared_ptr(nk::ObjectArray<ARRAY, ELEMENT>)
-%shared_ptr(ARRAY)
+NKF_SHARED(%arg(nk::ObjectArray<ARRAY, ELEMENT>))
+NKF_ENUMERABLE(ARRAY, ELEMENT)
 class ARRAY;
 %template(ARRAY ## Base) nk::ObjectArray<ARRAY, ELEMENT>;
-NKF_ENUMERABLE(ARRAY, ELEMENT)
 %enddef
 
 template <class Array, class T>
@@ -141,6 +185,9 @@ class CollectionEnumerator {
 };
 
 %define NKF_ENUMERABLE(ARRAY, ELEMENT)
+%typemap(csinterfaces_derived) ARRAY "global::System.Collections.IEnumerable"
+NKF_SHARED_CODE(ARRAY,
+  public global::System.Collections.IEnumerator GetEnumerator() { return new ARRAY ## Enumerator(this); })
 %typemap(csinterfaces) CollectionEnumerator<ARRAY, ELEMENT>
   "global::System.IDisposable, global::System.Collections.IEnumerator"
 %typemap(cscode) CollectionEnumerator<ARRAY, ELEMENT> %{
@@ -149,12 +196,6 @@ class CollectionEnumerator {
   }
 %}
 %template(ARRAY ## Enumerator) CollectionEnumerator<ARRAY, ELEMENT>;
-%typemap(csinterfaces_derived) ARRAY "global::System.Collections.IEnumerable"
-%typemap(cscode) ARRAY %{
-  public global::System.Collections.IEnumerator GetEnumerator() {
-    return new ARRAY ## Enumerator(this);
-  }
-%}
 %enddef
 
 // Shared ownership comes from the holder the managed proxy keeps, never
@@ -164,9 +205,14 @@ class CollectionEnumerator {
 
 // --- Streams -----------------------------------------------------------------
 
-%shared_ptr(OByteStream)
-%shared_ptr(OByteStream_Memory)
 %template(OByteList) WritableCollection<std::uint8_t>;
+// Byte buffers are known to the managed side by their list name.
+%typemap(in, canthrow=1) const WritableCollection<std::uint8_t>&
+%{ $1 = ($1_ltype)$input;
+  if (!$1) {
+    SWIG_CSharpSetPendingExceptionArgument(SWIG_CSharpArgumentNullException, "OByteList const & reference is null", 0);
+    return $null;
+  } %}
 
 // Reads into out-parameters have value-returning twins, which the managed
 // side uses; raw pointers and the progress hook stay native.
@@ -198,12 +244,11 @@ class CollectionEnumerator {
 
 // --- Progress ------------------------------------------------------------------
 
-%shared_ptr(AProgressCtrl)
 %include "nkfoundation/core/progress_ctrl.h"
 
 // --- Settings -----------------------------------------------------------------
 
-%shared_ptr(OType_ObjectSerializationSettings)
+NKF_SHARED(OType_ObjectSerializationSettings)
 %ignore OType_ObjectSerializationSettings::Switch;
 %ignore OType_ObjectSerializationSettings::Switches;
 %ignore OType_ObjectSerializationSettings::TravellingSwitches;
@@ -273,9 +318,9 @@ NKF_OBJECT_ARRAY(OStringArray, std::u16string)
 
 %include "nkfoundation/core/reference.h"
 
-%shared_ptr(OReferencedItemData)
-%shared_ptr(WritableCollection<std::shared_ptr<OReferencedItemData> >)
-%shared_ptr(OReferencesList)
+NKF_SHARED(OReferencedItemData)
+NKF_SHARED(WritableCollection<std::shared_ptr<OReferencedItemData> >)
+NKF_ENUMERABLE(OReferencesList, std::shared_ptr<OReferencedItemData>)
 // The configuration-tool interfaces live in another library.
 %ignore OReferencedItemData::OReferencedItemData(DependencyType, int, std::shared_ptr<AConfigTool>,
                                                  std::shared_ptr<AConfigToolFeature>, int);
@@ -283,5 +328,4 @@ NKF_OBJECT_ARRAY(OStringArray, std::u16string)
 %ignore OReferencedItemData::GetConfigToolFeature;
 %ignore OReferencesList::OReferencesList(OReferencesList&&);
 %template(OReferencesListBase) WritableCollection<std::shared_ptr<OReferencedItemData> >;
-NKF_ENUMERABLE(OReferencesList, std::shared_ptr<OReferencedItemData>)
 %include "nkfoundation/core/referenced_item_data.h"

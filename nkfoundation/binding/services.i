@@ -11,7 +11,7 @@
 #include "nkfoundation/services/utils.h"
 %}
 
-%shared_ptr(OCompress)
+NKF_SHARED(OCompress)
 %include "nkfoundation/services/compress.h"
 
 NKF_FRAMED(OType_ProcessingTime)
@@ -26,13 +26,13 @@ NKF_OBJECT_ARRAY(OType_ProcessingTimeArray, std::shared_ptr<OType_ProcessingTime
 %ignore OType_ProcessingTimeArray::LeadingFields;
 %include "nkfoundation/services/processing_time_array.h"
 
-%shared_ptr(process_timer::Timer)
+NKF_SHARED(process_timer::Timer)
 %include "nkfoundation/services/process_timer.h"
 
 // The dispatcher: managed code derives from it and installs its instance, and
 // the library's events reach the managed overrides through the director.
 %include "nkfoundation/services/user_interaction.h"
-%shared_ptr(OMessageDispatcher)
+NKF_SHARED(OMessageDispatcher)
 %feature("director") OMessageDispatcher;
 %include "nkfoundation/services/message_dispatcher.h"
 
