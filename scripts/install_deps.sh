@@ -11,14 +11,14 @@
 #   bench    Google Benchmark and the compression peers
 #   win32    the 32-bit Windows cross compiler and 32-bit Wine
 #   win64    the 64-bit Windows cross compiler and 64-bit Wine
-#   binding  SWIG and Mono for the managed binding
+#   binding  SWIG and Mono for the managed binding and its C# test (SWIG is also in main)
 #
 # Does nothing when everything is installed. Needs root (or sudo) only when
 # something is missing.
 set -euo pipefail
 
 declare -A group_packages=(
-  [main]="g++ cmake ninja-build libutfcpp-dev libcli11-dev libjpeg62-turbo-dev libpng-dev"
+  [main]="g++ cmake ninja-build libutfcpp-dev libcli11-dev libjpeg62-turbo-dev libpng-dev swig"
   [dev]="libgtest-dev pkg-config"
   [fuzz]="clang libclang-rt-14-dev"
   [bench]="libbenchmark-dev pkg-config zlib1g-dev libzstd-dev liblz4-dev"

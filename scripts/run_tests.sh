@@ -172,7 +172,7 @@ phase_bench() {
 
 # Which package groups of scripts/install_deps.sh each phase needs.
 declare -A phase_groups=(
-  [dev]=dev [asan]=dev [tsan]=dev [x86-64-v3]=dev
+  [dev]="dev binding" [asan]="dev binding" [tsan]=dev [x86-64-v3]=dev
   [win32]=win32 [win64]=win64 [fuzz]=fuzz [bench]=bench
 )
 
@@ -197,7 +197,8 @@ for name in "${phases[@]}"; do
     echo "run_tests.sh: unknown phase '$name' (${all_phases[*]})" >&2
     exit 2
   fi
-  groups+=("${phase_groups[$name]}")
+  read -ra phase_group_list <<<"${phase_groups[$name]}"
+  groups+=("${phase_group_list[@]}")
 done
 
 start=$SECONDS
