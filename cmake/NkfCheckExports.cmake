@@ -102,6 +102,9 @@ endfunction()
 function(nkf_check_exports names_file root with_win32 cxxfilt)
   file(STRINGS "${names_file}" c_names REGEX "^[A-Za-z_]")
   list(FILTER c_names EXCLUDE REGEX "^_Z")
+  # AddressSanitizer gives every exported global an ODR indicator of its
+  # own; it is instrumentation, not part of the library's interface.
+  list(FILTER c_names EXCLUDE REGEX "^__odr_asan[._]")
   file(STRINGS "${names_file}" cxx_names REGEX "^_Z")
   list(JOIN cxx_names "\n" cxx_names)
   set(cxx_file "${names_file}.cxx")
