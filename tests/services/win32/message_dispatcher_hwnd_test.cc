@@ -146,14 +146,6 @@ TEST(MessageDispatcherHwndTest, IsAWindowDispatcherThatAsksNothing) {
   const UserInteractionRequest request(u"title", u"message", interaction::kQuestion, false, u"yes", u"no", Uuid(),
                                        false, interaction::kEssential);
   EXPECT_EQ(dispatcher.RequestUserInteraction(request), interaction::kNotAsked);
-
-  // Installed as the process-wide dispatcher, it is reached through the base.
-  CommandRecorder main(22);
-  auto installed = std::make_shared<OMessageDispatcher_HWND>(main.hwnd());
-  OMessageDispatcher::SetInstance(installed);
-  EXPECT_EQ(OMessageDispatcher::GetInstance()->DispatchMessageData_Sync(9, 1, false), 22);
-  OMessageDispatcher::SetInstance(nullptr);
-  EXPECT_EQ(OMessageDispatcher::GetInstance()->DispatchMessageData_Sync(9, 1, false), -1);
 }
 
 }  // namespace

@@ -44,14 +44,11 @@ class RegistryStringsTest : public ::testing::Test {
 TEST_F(RegistryStringsTest, StringsAndBlocksRoundTripUnderWideNames) {
   const std::u16string key = Key(u"Schl\u00FCssel \U0001F511");
   const std::u16string name = u"Wert \u00E4\U0001F600";
-  const struct {
-    std::u16string text;
-  } kTexts[] = {{u""}, {u"plain"}, {u"\u00C4rger \u20AC \U0001F600 \U00010348"}};
-  for (const auto& expected : kTexts) {
-    ASSERT_EQ(iSetRegString(HKEY_CURRENT_USER, key, name, Collect(UnitsOf(expected.text))), utils::kRegistryOk);
+  for (const std::u16string text : {u"", u"plain", u"\u00C4rger \u20AC \U0001F600 \U00010348"}) {
+    ASSERT_EQ(iSetRegString(HKEY_CURRENT_USER, key, name, Collect(UnitsOf(text))), utils::kRegistryOk);
     WritableCollection<std::uint8_t> read;
     ASSERT_EQ(iGetRegString(HKEY_CURRENT_USER, key, name, read), utils::kRegistryOk);
-    EXPECT_EQ(BytesOf(read), UnitsOf(expected.text));
+    EXPECT_EQ(BytesOf(read), UnitsOf(text));
 
     // Stored as REG_SZ with one terminating unit, as other programs expect.
     wchar_t stored[64] = {};
@@ -61,7 +58,7 @@ TEST_F(RegistryStringsTest, StringsAndBlocksRoundTripUnderWideNames) {
                            stored, &size),
               ERROR_SUCCESS);
     EXPECT_EQ(type, static_cast<DWORD>(REG_SZ));
-    EXPECT_EQ(size, (expected.text.size() + 1) * 2);
+    EXPECT_EQ(size, (text.size() + 1) * 2);
   }
 
   for (const Bytes& block : {Bytes{}, Hex("00FF0080 7F")}) {
