@@ -167,12 +167,54 @@ class CLASS;
 %enddef
 
 // An object array: shared, its collection base named <Array>Base, its
-// enumerator <Array>Enumerator, and a managed IEnumerable over both.
-%define NKF_OBJECT_ARRAY(ARRAY, ELEMENT)
+// enumerator <Array>Enumerator (or ENUMERATOR, where the managed front end
+// knows it by another name), and a managed IEnumerable over both.
+%define NKF_OBJECT_ARRAY_AS(ARRAY, ELEMENT, ENUMERATOR)
 NKF_SHARED(%arg(nk::ObjectArray<ARRAY, ELEMENT>))
-NKF_ENUMERABLE(ARRAY, ELEMENT)
+NKF_ENUMERABLE_AS(ARRAY, ELEMENT, ENUMERATOR)
 class ARRAY;
 %template(ARRAY ## Base) nk::ObjectArray<ARRAY, ELEMENT>;
+%enddef
+%define NKF_OBJECT_ARRAY(ARRAY, ELEMENT)
+NKF_OBJECT_ARRAY_AS(ARRAY, ELEMENT, ARRAY ## Enumerator)
+%enddef
+
+// A list's move constructor: the managed side hands over a list of the same
+// kind that it no longer uses, and the new list takes its elements, leaving
+// it empty. Null is refused with the collection type spelled out, defaults
+// and all, as the managed front end matches the message.
+%define NKF_ARRAY_MOVE_CONSTRUCTOR(ARRAY, ELEMENT)
+%typemap(ctype) WritableCollection< ELEMENT, nk::ssize_t, std::allocator< ELEMENT > >&& "void *"
+%typemap(imtype) WritableCollection< ELEMENT, nk::ssize_t, std::allocator< ELEMENT > >&&
+  "global::System.Runtime.InteropServices.HandleRef"
+%typemap(cstype) WritableCollection< ELEMENT, nk::ssize_t, std::allocator< ELEMENT > >&& "ARRAY"
+%typemap(csin) WritableCollection< ELEMENT, nk::ssize_t, std::allocator< ELEMENT > >&& "ARRAY.getCPtr($csinput)"
+%typemap(in, canthrow=1) WritableCollection< ELEMENT, nk::ssize_t, std::allocator< ELEMENT > >&&
+%{ {
+    std::shared_ptr< ARRAY >* holder = static_cast<std::shared_ptr< ARRAY >*>($input);
+    if (!holder || !*holder) {
+      SWIG_CSharpSetPendingExceptionArgument(SWIG_CSharpArgumentNullException, "$1_type type is null", 0);
+      return $null;
+    }
+    $1 = holder->get();
+  } %}
+%extend ARRAY {
+  ARRAY(WritableCollection< ELEMENT, nk::ssize_t, std::allocator< ELEMENT > >&& elements) {
+    ARRAY* array = new ARRAY();
+    static_cast<WritableCollection< ELEMENT >&>(*array) = std::move(elements);
+    return array;
+  }
+}
+%enddef
+
+// The same for a list that declares no constructor of its own: a
+// constructor added here hides the implicit default one, so it comes back
+// beside the move constructor.
+%define NKF_MOVABLE_ARRAY(ARRAY, ELEMENT)
+%extend ARRAY {
+  ARRAY() { return new ARRAY(); }
+}
+NKF_ARRAY_MOVE_CONSTRUCTOR(ARRAY, ELEMENT)
 %enddef
 
 template <class Array, class T>
@@ -184,10 +226,10 @@ class CollectionEnumerator {
   void Reset();
 };
 
-%define NKF_ENUMERABLE(ARRAY, ELEMENT)
+%define NKF_ENUMERABLE_AS(ARRAY, ELEMENT, ENUMERATOR)
 %typemap(csinterfaces_derived) ARRAY "global::System.Collections.IEnumerable"
 NKF_SHARED_CODE(ARRAY,
-  public global::System.Collections.IEnumerator GetEnumerator() { return new ARRAY ## Enumerator(this); })
+  public global::System.Collections.IEnumerator GetEnumerator() { return new ENUMERATOR(this); })
 %typemap(csinterfaces) CollectionEnumerator<ARRAY, ELEMENT>
   "global::System.IDisposable, global::System.Collections.IEnumerator"
 %typemap(cscode) CollectionEnumerator<ARRAY, ELEMENT> %{
@@ -195,7 +237,10 @@ NKF_SHARED_CODE(ARRAY,
     get { return Current(); }
   }
 %}
-%template(ARRAY ## Enumerator) CollectionEnumerator<ARRAY, ELEMENT>;
+%template(ENUMERATOR) CollectionEnumerator<ARRAY, ELEMENT>;
+%enddef
+%define NKF_ENUMERABLE(ARRAY, ELEMENT)
+NKF_ENUMERABLE_AS(ARRAY, ELEMENT, ARRAY ## Enumerator)
 %enddef
 
 // Shared ownership comes from the holder the managed proxy keeps, never
