@@ -1,7 +1,8 @@
 # Run by CTest (cmake -P): the library's export table holds every name of
 # NKF_EXPECTED, one a line ('#' starts a comment). A name may carry its
 # 32-bit Windows decoration (name@N, the bytes of its arguments): the 32-bit
-# DLL must export it so, elsewhere the plain name is looked for.
+# DLL must export it so, elsewhere the plain name is looked for. A name after
+# "windows:" belongs to the Windows-only classes and is looked for in DLLs only.
 #   -D NKF_LIBRARY=<.so or .dll> -D NKF_NM=<nm> | -D NKF_OBJDUMP=<objdump>
 #   -D NKF_EXPECTED=<table>
 cmake_minimum_required(VERSION 3.25)
@@ -27,6 +28,12 @@ set(missing "")
 set(checked 0)
 foreach(name IN LISTS expected)
   string(STRIP "${name}" name)
+  if(name MATCHES "^windows:[ \t]*(.+)$")
+    if(NOT NKF_OBJDUMP)
+      continue()
+    endif()
+    set(name "${CMAKE_MATCH_1}")
+  endif()
   if(NOT pe32)
     string(REGEX REPLACE "@[0-9]+$" "" name "${name}")
   endif()

@@ -103,6 +103,36 @@ class u16string;
   }
   $result.assign($input); %}
 
+// A view of text arrives like a const string, as NUL-terminated UTF-16 that
+// the view looks at for the length of the call.
+class u16string_view;
+%typemap(ctype) u16string_view "const char16_t *"
+%typemap(imtype,
+         inattributes="[global::System.Runtime.InteropServices.MarshalAs(global::System.Runtime.InteropServices.UnmanagedType.LPWStr)]"
+         ) u16string_view "string"
+%typemap(cstype) u16string_view "string"
+%typemap(csin) u16string_view "$csinput"
+%typemap(typecheck) u16string_view = char *;
+%typemap(in, canthrow=1) u16string_view
+%{ if (!$input) {
+    SWIG_CSharpSetPendingExceptionArgument(SWIG_CSharpArgumentNullException, "null u16string", 0);
+    return $null;
+  }
+  $1 = std::u16string_view($input); %}
+
+// An 8-bit text handed back through a reference becomes a C# out string:
+// the callback copies it into a managed string whose native copy the
+// marshaller frees after the call, as for an 8-bit string result. Apply it
+// by parameter name: %apply std::string& OUTPUT { std::string& text };
+%typemap(ctype) string& OUTPUT "char **"
+%typemap(imtype) string& OUTPUT "out string"
+%typemap(cstype) string& OUTPUT "out string"
+%typemap(csin) string& OUTPUT "out $csinput"
+%typemap(in) string& OUTPUT ($*1_ltype temp)
+%{ *$input = 0;
+  $1 = &temp; %}
+%typemap(argout) string& OUTPUT %{ *$input = SWIG_csharp_string_callback(temp$argnum.c_str()); %}
+
 }  // namespace std
 
 // --- Argument checks ----------------------------------------------------------
