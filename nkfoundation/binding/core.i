@@ -324,6 +324,7 @@ NKF_FRAMED(OType_Variant)
 %include "nkfoundation/core/variant.h"
 
 NKF_OBJECT_ARRAY(OType_VariantArray, std::shared_ptr<OType_Variant>)
+NKF_MOVABLE_ARRAY(OType_VariantArray, std::shared_ptr<OType_Variant>)
 %ignore OType_VariantArray::kFrame;
 %include "nkfoundation/core/variant_array.h"
 
@@ -371,6 +372,8 @@ NKF_ENUMERABLE(OReferencesList, std::shared_ptr<OReferencedItemData>)
                                                  std::shared_ptr<AConfigToolFeature>, int);
 %ignore OReferencedItemData::GetConfigTool;
 %ignore OReferencedItemData::GetConfigToolFeature;
+// Its own move constructor gives way to the one every list has.
 %ignore OReferencesList::OReferencesList(OReferencesList&&);
+NKF_ARRAY_MOVE_CONSTRUCTOR(OReferencesList, std::shared_ptr<OReferencedItemData>)
 %template(OReferencesListBase) WritableCollection<std::shared_ptr<OReferencedItemData> >;
 %include "nkfoundation/core/referenced_item_data.h"

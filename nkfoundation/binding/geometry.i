@@ -31,6 +31,7 @@ NKF_FRAMED(OVector)
 %include "nkfoundation/geometry/vector.h"
 
 NKF_OBJECT_ARRAY(OVector_Array, std::shared_ptr<OVector>)
+NKF_MOVABLE_ARRAY(OVector_Array, std::shared_ptr<OVector>)
 %ignore OVector_Array::kFrame;
 // Rectangles come back as values; the pointer forms exist for native callers.
 %ignore OVector_Array::ToI32RectPtr;

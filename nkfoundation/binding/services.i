@@ -25,6 +25,7 @@ NKF_FRAMED(OType_ProcessingTime)
 %include "nkfoundation/services/processing_time.h"
 
 NKF_OBJECT_ARRAY(OType_ProcessingTimeArray, std::shared_ptr<OType_ProcessingTime>)
+NKF_MOVABLE_ARRAY(OType_ProcessingTimeArray, std::shared_ptr<OType_ProcessingTime>)
 %ignore OType_ProcessingTimeArray::kFrame;
 %ignore OType_ProcessingTimeArray::LeadingFields;
 %include "nkfoundation/services/processing_time_array.h"

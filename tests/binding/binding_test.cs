@@ -23,7 +23,7 @@ class ManagedDispatcher : OMessageDispatcher {
   }
 }
 
-static class BindingTest {
+static partial class BindingTest {
   static int passed;
   static int failed;
   static Dictionary<string, string> reference = new Dictionary<string, string>();
@@ -170,6 +170,8 @@ static class BindingTest {
       OMessageDispatcher.SetInstance(null);
       Check("uninstalled", OMessageDispatcher.GetInstance().GetDispatcherType() == 2);
     });
+
+    RunUtilityCases();
 
     Console.WriteLine("{0} passed, {1} failed", passed, failed);
     return failed == 0 ? 0 : 1;
