@@ -16,3 +16,5 @@
 %include "core.i"
 %include "geometry.i"
 %include "services.i"
+%include "image.i"
+%include "device.i"

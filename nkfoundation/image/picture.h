@@ -43,7 +43,7 @@ struct Picture {
 
 // The largest picture any reader makes, in bytes of pixels: well beyond a
 // sensor image, and within the 32-bit index of the image's pixel data.
-inline constexpr std::uint64_t kMaxPictureBytes = std::uint64_t{1} << 30;
+inline constexpr std::uint64_t kMaxPictureBytes = static_cast<std::uint64_t>(1) << 30;
 
 // A short English text for the program's error messages.
 NKF_API const char* PictureStatusText(PictureStatus status);

@@ -172,6 +172,7 @@ static partial class BindingTest {
     });
 
     RunUtilityCases();
+    RunDeviceAndImageCases();
 
     Console.WriteLine("{0} passed, {1} failed", passed, failed);
     return failed == 0 ? 0 : 1;
