@@ -20,3 +20,7 @@ nkf_set_warnings(nkfoundation_bench)
 # The coder's benchmarks run on the shared photographs beside the repository.
 get_filename_component(_nkf_corpus "${PROJECT_SOURCE_DIR}/../shared/corpus" ABSOLUTE)
 target_compile_definitions(nkfoundation_bench PRIVATE "NKF_CORPUS_DIR=\"${_nkf_corpus}\"")
+
+if(NKF_BUILD_BINDING)
+  include(NkfBindingBench)
+endif()
