@@ -4,9 +4,13 @@
 #include <atomic>
 #include <bit>
 #include <cstring>
+#include <exception>
 #include <limits>
 #include <memory>
 #include <stdexcept>
+#include <system_error>
+#include <thread>
+#include <vector>
 
 #include "nkfoundation/services/wait_cursor.h"
 
@@ -17,7 +21,9 @@ constexpr int kRingMask = kRingWords - 1;
 constexpr int kRingBytes = 2 * kRingWords;
 constexpr int kStagingBytes = 1024;
 constexpr int kTableEntries = 32768;
-constexpr int kMatchTableCount = 14;  // one per length 2..15
+constexpr int kMinLength = 2;
+constexpr int kMaxLength = 15;
+constexpr int kMatchTableCount = kMaxLength - kMinLength + 1;  // one per length
 // Positions whose strings are hashed, entered and looked up together.
 constexpr int kBatch = 64;
 
@@ -160,9 +166,208 @@ class MatchTablePool {
 
 MatchTablePool g_match_tables;
 
+// --- Block search ---------------------------------------------------------
+//
+// The tokens depend on the input alone, not on where the parse stands. Every
+// word is passed exactly once, in order, and passing it enters every string
+// that ends there and starts at word 0 or later (once the window start is
+// above 0 all 14 are entered; before, the window start is 0). So a look-up at
+// a position always finds the latest earlier string of its length and hash,
+// whatever tokens came before, and the longest verified match at every
+// position is fixed by the input. Only the greedy walk that picks the tokens
+// is sequential.
+//
+// A block is searched with its own tables, warmed on the window's worth of
+// strings that start before it: an earlier start lies 4096 or more words back
+// from every position of the block and fails the distance test, as would
+// whatever it overwrote. Blocks therefore go to threads independently.
+
+// A match as the walk reads it: the length in the low 4 bits, the distance
+// above; 0 where no match starts.
+using FoundMatch = std::uint16_t;
+
+// Table entries count from just before the first word a block's tables see,
+// so 0 means "never seen" and a block with its window fits 16 bits.
+constexpr std::int32_t kMaxBlockWords = 65535 - kWindowWords;
+// Smaller sources go the fixed-memory way: threads and fresh tables cost more
+// than they save there.
+constexpr std::int32_t kBlockSearchMinWords = 32768;
+
+class BlockSearch {
+ public:
+  // `bytes` holds `words` little-endian words.
+  BlockSearch(const std::uint8_t* bytes, std::int32_t words)
+      : bytes_(bytes), words_(words), tables_(new std::uint16_t[kMatchTableCount * kTableEntries]) {}
+
+  // Sets found[p - begin] for every position p of [begin, end).
+  void Run(std::int32_t begin, std::int32_t end, FoundMatch* found) {
+    warm_ = std::max(0, begin - (kWindowWords - 1));
+    base_ = warm_ - 1;
+    std::fill_n(tables_.get(), kMatchTableCount * kTableEntries, std::uint16_t{0});
+    for (std::int32_t first = warm_; first < end; first += kBatch) {
+      Batch(first, static_cast<int>(std::min<std::int32_t>(kBatch, end - first)), begin, found);
+    }
+  }
+
+  std::int32_t verified() const { return verified_; }
+  std::int32_t rejected() const { return rejected_; }
+
+ private:
+  unsigned Word(std::int32_t i) const { return bytes_[2 * i] | unsigned{bytes_[2 * i + 1]} << 8; }
+
+  // The table traffic of the positions [first, first + n), one length at a
+  // time as in the fixed-memory encoder (OCompress::calc_hash_backward), then
+  // the matches of those at or after `begin`. Every batch but a block's last
+  // is whole.
+  void Batch(std::int32_t first, int n, std::int32_t begin, FoundMatch* found) {
+    const int available = static_cast<int>(std::min<std::int32_t>(words_ - first, kBatch + kMaxLength - 1));
+    const int looked_up_from = static_cast<int>(std::clamp<std::int32_t>(begin - first, 0, n));
+    unsigned swapped[kBatch + kMaxLength - 1];
+    for (int i = 0; i < available; ++i) swapped[i] = WordHashTable::Swap(static_cast<std::uint16_t>(Word(first + i)));
+    unsigned hashes[kBatch];
+    for (int j = 0; j < n; ++j) hashes[j] = kWordHashes.Step(0, swapped[j]);
+
+    for (int len = kMinLength; len <= kMaxLength; ++len) {
+      std::uint16_t* const table = tables_.get() + (len - kMinLength) * kTableEntries;
+      std::uint16_t* const candidates = candidates_[len - kMinLength];
+      const std::uint16_t* const recent = recent_[len - kMinLength];
+      const int hashed = std::clamp(available - len + 1, 0, n);
+      for (int j = 0; j < hashed; ++j) hashes[j] = kWordHashes.Step(hashes[j], swapped[j + len - 1]);
+      // Before position first + j goes the string that ends just before it,
+      // from first + j - len; for the first positions its hash is the
+      // previous batch's. Where the string from first + j runs past the last
+      // word, there is nothing to look up.
+      const int from_previous = std::min(len, n);
+      for (int j = 0; j < from_previous; ++j) {
+        const std::int32_t start = first + j - len;
+        if (start >= warm_) table[recent[j - len + kMaxLength]] = static_cast<std::uint16_t>(start - base_);
+        candidates[j] = j < hashed ? table[hashes[j]] : 0;
+      }
+      int j = from_previous;
+      for (; j < looked_up_from; ++j) table[hashes[j - len]] = static_cast<std::uint16_t>(first + j - len - base_);
+      for (; j < hashed; ++j) {
+        table[hashes[j - len]] = static_cast<std::uint16_t>(first + j - len - base_);
+        candidates[j] = table[hashes[j]];
+      }
+      for (; j < n; ++j) {
+        table[hashes[j - len]] = static_cast<std::uint16_t>(first + j - len - base_);
+        candidates[j] = 0;
+      }
+      if (n == kBatch) std::copy(hashes + kBatch - kMaxLength, hashes + kBatch, recent_[len - kMinLength]);
+    }
+    MarkInWindow(first);
+    for (int j = looked_up_from; j < n; ++j) found[first + j - begin] = MatchAt(first + j, j);
+  }
+
+  // Sets bit `len` of in_window_[j] where the candidate of that length lies
+  // less than a window back from first + j (whole lanes at a time).
+  void MarkInWindow(std::int32_t first) {
+    std::fill(std::begin(in_window_), std::end(in_window_), std::uint16_t{0});
+    const auto origin = static_cast<std::uint16_t>(first - base_);
+    for (int len = kMinLength; len <= kMaxLength; ++len) {
+      const std::uint16_t* const candidates = candidates_[len - kMinLength];
+      for (int j = 0; j < kBatch; ++j) {
+        const std::uint16_t entry = candidates[j];
+        const auto distance = static_cast<std::uint16_t>(origin + j - entry);
+        const bool in_window = entry != 0 && distance < kWindowWords;
+        in_window_[j] = static_cast<std::uint16_t>(in_window_[j] | (in_window ? 1u << len : 0u));
+      }
+    }
+  }
+
+  // The longest length whose candidate lies within the window and repeats the
+  // words at the position, as OCompress::match finds it.
+  FoundMatch MatchAt(std::int32_t position, int j) {
+    const int longest = static_cast<int>(std::min<std::int32_t>(kMaxLength, words_ - position));
+    std::int32_t compared = -1;
+    int common = 0;
+    // No two-word string within the window: no longer one either, since its
+    // first two words would be one.
+    if ((in_window_[j] & 1u << kMinLength) == 0) return 0;
+    for (unsigned lengths = in_window_[j]; lengths != 0;) {
+      const int len = std::bit_width(lengths) - 1;
+      lengths &= ~(1u << len);
+      const std::int32_t start = candidates_[len - kMinLength][j] + base_;
+      if (start != compared) {
+        common = CommonWords(start, position, longest);
+        compared = start;
+      }
+      if (common >= len) {
+        ++verified_;
+        return static_cast<FoundMatch>(len | (position - start) << 4);
+      }
+      ++rejected_;
+    }
+    return 0;
+  }
+
+  // How many words, up to `limit`, repeat from `from` at `at`.
+  int CommonWords(std::int32_t from, std::int32_t at, int limit) const {
+    if (at + 16 <= words_) {
+      for (int k = 0; k < 32; k += 8) {
+        std::uint64_t a;
+        std::uint64_t b;
+        std::memcpy(&a, bytes_ + 2 * from + k, sizeof a);
+        std::memcpy(&b, bytes_ + 2 * at + k, sizeof b);
+        if (a != b) {
+          const int byte = std::endian::native == std::endian::little ? std::countr_zero(a ^ b) / 8
+                                                                       : std::countl_zero(a ^ b) / 8;
+          return std::min(limit, (k + byte) / 2);
+        }
+      }
+      return limit;
+    }
+    int common = 0;
+    while (common < limit && Word(from + common) == Word(at + common)) ++common;
+    return common;
+  }
+
+  const std::uint8_t* bytes_;
+  std::int32_t words_;
+  std::unique_ptr<std::uint16_t[]> tables_;
+  // Entries hold a start minus base_; strings from before warm_ stay out.
+  std::int32_t warm_ = 0;
+  std::int32_t base_ = 0;
+  // Per position of the batch: what each length's table named there, and a
+  // bit per length whose entry lies within the window.
+  std::uint16_t candidates_[kMatchTableCount][kBatch];
+  std::uint16_t in_window_[kBatch];
+  std::uint16_t recent_[kMatchTableCount][kMaxLength];
+  std::int32_t verified_ = 0;
+  std::int32_t rejected_ = 0;
+};
+
+// Reads token t of a stream: 17 bits from bit 17 t, the bits past the end
+// read as zeros.
+class TokenReader {
+ public:
+  TokenReader(const std::uint8_t* bytes, std::int32_t count) : bytes_(bytes), count_(count) {}
+
+  // Tokens whose 17 bits start before the last byte: those the decoder reads.
+  std::int64_t tokens() const { return (8 * (std::int64_t{count_} - 1) + kTokenBits - 1) / kTokenBits; }
+
+  std::uint32_t operator[](std::int64_t t) const {
+    const std::int64_t bit = t * kTokenBits;
+    const std::int64_t byte = bit >> 3;
+    std::uint64_t bits = 0;
+    if (byte + 8 <= count_) {
+      std::memcpy(&bits, bytes_ + byte, sizeof bits);
+      if constexpr (std::endian::native == std::endian::big) bits = __builtin_bswap64(bits);
+    } else {
+      for (std::int64_t i = byte; i < count_; ++i) bits |= std::uint64_t{bytes_[i]} << (8 * (i - byte));
+    }
+    return static_cast<std::uint32_t>(bits >> (bit & 7)) & ((1u << kTokenBits) - 1);
+  }
+
+ private:
+  const std::uint8_t* bytes_;
+  std::int32_t count_;
+};
+
 }  // namespace
 
 OCompress::OCompress() = default;
+OCompress::OCompress(Method method, int threads) : m_eMethod(method), m_iThreads(threads) {}
 OCompress::~OCompress() = default;
 
 // --- Encoder --------------------------------------------------------------
@@ -179,6 +384,20 @@ int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   m_pInputData = source.GetData();
   m_iInputReadPosition = 0;
   const std::int32_t words = m_iInputCount / 2;
+  if (m_eMethod == Method::kFastest && words >= kBlockSearchMinWords) {
+    // On one core the blocks cost about what the fixed-memory encoder does,
+    // so that machine takes the same way as the others.
+    const int threads =
+        m_iThreads > 0 ? m_iThreads : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+    const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
+    m_pOutStagingStart = m_pOutStagingCursor = staging.get();
+    BeginOutput(target, m_iInputCount);
+    CompressInBlocks(threads);
+    EndOutput();
+    m_pOutStagingStart = m_pOutStagingCursor = nullptr;
+    m_pInputData = nullptr;
+    return 1;
+  }
 
   const auto window = std::make_unique<std::uint16_t[]>(kRingWords);
   const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
@@ -220,6 +439,76 @@ void OCompress::lz77() {
       OUT_BIT(1);
       OUT_BITS(WordAt(m_iPosition), 16);
       adjust_window(1);
+    }
+  }
+  OUT_LAST_CODE();
+}
+
+// Searches the source's blocks on `threads` threads, the calling one among
+// them, then walks the matches they found.
+void OCompress::CompressInBlocks(int threads) {
+  const std::int32_t words = m_iInputCount / 2;
+  std::vector<std::uint8_t> padded;
+  const std::uint8_t* bytes = m_pInputData;
+  if (m_iInputPadding > 0) {
+    padded.assign(m_pInputData, m_pInputData + (m_iInputCount - m_iInputPadding));
+    padded.insert(padded.end(), std::begin(kTrailer), std::end(kTrailer));
+    bytes = padded.data();
+  }
+  // Whole rounds of blocks, so that every thread warms up as often.
+  const std::int32_t per_round = std::int32_t{threads} * kMaxBlockWords;
+  const std::int32_t blocks = threads * ((words + per_round - 1) / per_round);
+  const std::int32_t block_words = (words + blocks - 1) / blocks;
+  const std::unique_ptr<FoundMatch[]> found(new FoundMatch[static_cast<std::size_t>(words)]);
+
+  std::atomic<std::int32_t> next_block{0};
+  std::atomic<std::int32_t> verified{0};
+  std::atomic<std::int32_t> rejected{0};
+  auto search = [&] {
+    BlockSearch blocks_search(bytes, words);
+    for (std::int32_t block; (block = next_block++) < blocks;) {
+      const std::int32_t begin = block * block_words;
+      if (begin >= words) continue;
+      blocks_search.Run(begin, std::min(words, begin + block_words), found.get() + begin);
+    }
+    verified += blocks_search.verified();
+    rejected += blocks_search.rejected();
+  };
+  std::vector<std::exception_ptr> failures(static_cast<std::size_t>(std::min(threads, blocks)));
+  std::vector<std::thread> helpers;
+  for (std::size_t i = 1; i < failures.size(); ++i) {
+    try {
+      helpers.emplace_back([&search, &failure = failures[i]] {
+        try {
+          search();
+        } catch (...) {
+          failure = std::current_exception();
+        }
+      });
+    } catch (const std::system_error&) {
+      break;  // the threads already started and this one share the blocks
+    }
+  }
+  try {
+    search();
+  } catch (...) {
+    failures[0] = std::current_exception();
+  }
+  for (std::thread& helper : helpers) helper.join();
+  for (const std::exception_ptr& failure : failures) {
+    if (failure) std::rethrow_exception(failure);
+  }
+  m_iVerifiedCandidates += verified;
+  m_iRejectedCandidates += rejected;
+
+  for (std::int32_t position = 0; position < words;) {
+    const unsigned match = found[static_cast<std::size_t>(position)];
+    if (match != 0) {
+      OUT_BITS((match & 0xF) << 13 | (match >> 4) << 1, kTokenBits);
+      position += static_cast<std::int32_t>(match & 0xF);
+    } else {
+      OUT_BITS(1u | unsigned{bytes[2 * position]} << 1 | unsigned{bytes[2 * position + 1]} << 9, kTokenBits);
+      ++position;
     }
   }
   OUT_LAST_CODE();
@@ -431,24 +720,28 @@ int OCompress::iDeCompress_LZ77_Fast(Bytes& source, Bytes& target) {
     target.SetSize(0);
     return 0;
   }
-  const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
-  // Zeroed: a distance that reaches before the first word reads zeros.
-  const auto ring = std::make_unique<std::uint16_t[]>(kRingWords);
-  m_pInStagingStart = m_pInStagingCursor = staging.get();
-  m_pOutputRing = ring.get();
-  m_iWindowStart = m_iOutputWords = 0;
   m_pInputData = source.GetData();
   m_iInputCount = source.GetCount();
   m_iInputPadding = 0;
   m_iInputReadPosition = 0;
-  BeginOutput(target, static_cast<int>(std::min<std::int64_t>(
-                          std::int64_t{4} * source.GetCount(), std::numeric_limits<int>::max())));
+  if (m_eMethod == Method::kFastest) {
+    DecompressDirect(target);
+  } else {
+    const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
+    // Zeroed: a distance that reaches before the first word reads zeros.
+    const auto ring = std::make_unique<std::uint16_t[]>(kRingWords);
+    m_pInStagingStart = m_pInStagingCursor = staging.get();
+    m_pOutputRing = ring.get();
+    m_iWindowStart = m_iOutputWords = 0;
+    BeginOutput(target, static_cast<int>(std::min<std::int64_t>(
+                            std::int64_t{4} * source.GetCount(), std::numeric_limits<int>::max())));
 
-  un77();
+    un77();
 
-  EndOutput();
-  m_pInStagingStart = m_pInStagingCursor = nullptr;
-  m_pOutputRing = nullptr;
+    EndOutput();
+    m_pInStagingStart = m_pInStagingCursor = nullptr;
+    m_pOutputRing = nullptr;
+  }
   m_pInputData = nullptr;
 
   const int count = target.GetCount();
@@ -457,6 +750,55 @@ int OCompress::iDeCompress_LZ77_Fast(Bytes& source, Bytes& target) {
     target.RemoveAt(count - kTrailerBytes, kTrailerBytes);
   }
   return 1;
+}
+
+// Decodes the tokens that un77() reads straight into the target, which is
+// sized once from their lengths: no ring, no hand-over, no growing and no
+// cutting back. A match copies from the target as from the ring: a distance
+// of 0 reaches 8192 words back, and one before the first word reads zeros.
+void OCompress::DecompressDirect(Bytes& target) {
+  const TokenReader tokens(m_pInputData, m_iInputCount);
+  const std::int64_t count = tokens.tokens();
+  std::int64_t words = 0;
+  for (std::int64_t t = 0; t < count; ++t) {
+    const std::uint32_t token = tokens[t];
+    words += (token & 1) != 0 ? 1 : token >> 13;
+  }
+  if (words > std::numeric_limits<int>::max() / 2) {
+    throw std::length_error("OCompress: the result does not fit a byte collection");
+  }
+  target.SetSize(0);
+  target.FreeExtra();
+  target.SetSize(static_cast<int>(2 * words));
+  std::uint8_t* const out = target.GetData();
+
+  std::int64_t at = 0;  // the next word to produce
+  for (std::int64_t t = 0; t < count; ++t) {
+    const std::uint32_t token = tokens[t];
+    if ((token & 1) != 0) {
+      out[2 * at] = static_cast<std::uint8_t>(token >> 1);
+      out[2 * at + 1] = static_cast<std::uint8_t>(token >> 9);
+      ++at;
+      continue;
+    }
+    const std::int64_t length = token >> 13;
+    const std::int64_t distance = (token >> 1 & 0xFFF) != 0 ? (token >> 1 & 0xFFF) : kRingWords;
+    if (at >= distance && distance >= kMaxLength + 1 && at + kMaxLength + 1 <= words) {
+      // Sixteen words in one piece; those past the match are written again
+      // by the tokens that follow before anything reads them.
+      std::memcpy(out + 2 * at, out + 2 * (at - distance), 2 * (kMaxLength + 1));
+    } else if (at >= distance && distance >= length) {
+      std::memcpy(out + 2 * at, out + 2 * (at - distance), static_cast<std::size_t>(2 * length));
+    } else {
+      // Overlapping or reaching before the first word: word by word.
+      for (std::int64_t i = at; i < at + length; ++i) {
+        const bool before_first = i < distance;
+        out[2 * i] = before_first ? 0 : out[2 * (i - distance)];
+        out[2 * i + 1] = before_first ? 0 : out[2 * (i - distance) + 1];
+      }
+    }
+    at += length;
+  }
 }
 
 // Every token is 17 bits, so none can begin in the last byte: decoding stops

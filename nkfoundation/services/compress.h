@@ -22,11 +22,35 @@
 //
 // A compressor serves one call: the bit state of one call carries into the
 // next on the same object, so construct a fresh object for every call.
+//
+// A caller picks how the work is done when constructing the object; every
+// method writes and reads the same bytes, so a stream written one way is read
+// any way.
 class NKF_API OCompress {
  public:
   using Bytes = WritableCollection<unsigned char, int>;
 
+  enum class Method {
+    // The default: the fastest way this machine offers. Compressing a source
+    // of 64 KiB or more searches blocks of it on several threads (one per
+    // core unless the constructor says otherwise), each with 896 KiB of match
+    // tables, and keeps two bytes per source word of search results (plus a
+    // copy of an odd source with its padding trailer); the threads end before
+    // the call returns. Smaller sources go the fixed-memory way. Decompressing
+    // writes straight into the target, sized once from the tokens' lengths,
+    // and needs no memory besides the target.
+    kFastest,
+    // The calling thread alone, with the format's fixed memory: 1.8 MB of
+    // match tables (kept for the next call), a 16 KiB ring and a 1 KiB
+    // staging buffer to compress; a 16 KiB ring and a 1 KiB staging buffer to
+    // decompress.
+    kFixedMemory,
+  };
+
   OCompress();
+  // `threads` bounds the threads that kFastest compresses on; 0 means one per
+  // core. A caller that already runs one compression per core passes 1.
+  explicit OCompress(Method method, int threads = 0);
   // Memberwise: the work buffers are owned only during a call, so a copy made
   // between calls owns nothing.
   OCompress(const OCompress&) = default;
@@ -46,6 +70,10 @@ class NKF_API OCompress {
   int iDeCompress_LZ77_Fast(Bytes& source, Bytes& target);
 
  private:
+  // The fastest method's coders; the tokens are those of lz77() and un77().
+  void CompressInBlocks(int threads);
+  void DecompressDirect(Bytes& target);
+
   static constexpr int kMinLength = 2;
   static constexpr int kMaxLength = 15;
   static constexpr int kLengths = kMaxLength - kMinLength + 1;
@@ -129,6 +157,9 @@ class NKF_API OCompress {
   std::int32_t m_iOutputSize = 0;
   std::int32_t m_iOutputWritePosition = 0;
   Bytes* m_pOutputCollection = nullptr;
+
+  Method m_eMethod = Method::kFastest;
+  int m_iThreads = 0;
 };
 
 #endif  // NKFOUNDATION_SERVICES_COMPRESS_H_
