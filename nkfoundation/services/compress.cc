@@ -199,8 +199,14 @@ class BlockSearch {
   BlockSearch(const std::uint8_t* bytes, std::int32_t words)
       : bytes_(bytes), words_(words), tables_(new std::uint16_t[kMatchTableCount * kTableEntries]) {}
 
-  // Sets found[p - begin] for every position p of [begin, end).
+  // Sets found[p - begin] for every position p of [begin, end) at which the
+  // walk may start a token. The walk enters a block at one of its first 15
+  // positions (the token that crosses into it is at most 15 words long), so
+  // those are searched, and from each searched position the one its token
+  // leads to; the walks from the 15 entries soon meet, and then a block costs
+  // one search per token. The first block is entered at its start.
   void Run(std::int32_t begin, std::int32_t end, FoundMatch* found) {
+    entries_ = begin == 0 ? 1u : (1u << kMaxLength) - 1;
     warm_ = std::max(0, begin - (kWindowWords - 1));
     base_ = warm_ - 1;
     std::fill_n(tables_.get(), kMatchTableCount * kTableEntries, std::uint16_t{0});
@@ -256,7 +262,12 @@ class BlockSearch {
       if (n == kBatch) std::copy(hashes + kBatch - kMaxLength, hashes + kBatch, recent_[len - kMinLength]);
     }
     MarkInWindow(first);
-    for (int j = looked_up_from; j < n; ++j) found[first + j - begin] = MatchAt(first + j, j);
+    for (int j = looked_up_from; j < n; ++j, entries_ >>= 1) {
+      if ((entries_ & 1) == 0) continue;
+      const FoundMatch match = MatchAt(first + j, j);
+      found[first + j - begin] = match;
+      entries_ |= 1u << (match != 0 ? match & 0xF : 1);
+    }
   }
 
   // Sets bit `len` of in_window_[j] where the candidate of that length lies
@@ -327,6 +338,8 @@ class BlockSearch {
   std::unique_ptr<std::uint16_t[]> tables_;
   // Entries hold a start minus base_; strings from before warm_ stay out.
   std::int32_t warm_ = 0;
+  // Bit i: the walk may start a token i positions after the next one searched.
+  std::uint32_t entries_ = 0;
   std::int32_t base_ = 0;
   // Per position of the batch: what each length's table named there, and a
   // bit per length whose entry lies within the window.
@@ -455,9 +468,12 @@ void OCompress::CompressInBlocks(int threads) {
     padded.insert(padded.end(), std::begin(kTrailer), std::end(kTrailer));
     bytes = padded.data();
   }
+  // Every block warms its tables on a window's worth of words before it;
+  // blocks of two windows or more keep that below half of their work.
+  threads = std::clamp(threads, 1, std::max(1, words / (2 * kWindowWords)));
   // Whole rounds of blocks, so that every thread warms up as often.
-  const std::int32_t per_round = std::int32_t{threads} * kMaxBlockWords;
-  const std::int32_t blocks = threads * ((words + per_round - 1) / per_round);
+  const std::int64_t per_round = std::int64_t{threads} * kMaxBlockWords;
+  const auto blocks = static_cast<std::int32_t>(threads * ((words + per_round - 1) / per_round));
   const std::int32_t block_words = (words + blocks - 1) / blocks;
   const std::unique_ptr<FoundMatch[]> found(new FoundMatch[static_cast<std::size_t>(words)]);
 

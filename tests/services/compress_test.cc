@@ -127,10 +127,10 @@ TEST_P(CompressTest, RingReloadsRunsAndRepeats) {
 }
 
 // From 64 KiB on, the fastest method searches blocks on several threads, each
-// with tables warmed on the 4095 words before it, or from word 0 where a block
-// begins within the window's first 4096 words. The size and the thread count
-// place the boundaries: matches must cross them, reach the window's edge from
-// just after them and start within the warm-up exactly as without blocks.
+// with tables warmed on the 4095 words before it, and searches only where the
+// walk can start a token. The size and the thread count place the
+// boundaries: matches must cross them, reach the window's edge from just after
+// them and start within the warm-up exactly as without blocks.
 TEST_P(CompressTest, BlockBoundariesAndTheWindowEdge) {
   const std::vector<int> thread_counts =
       GetParam() == Method::kFastest ? std::vector<int>{1, 2, 3, 16} : std::vector<int>{0};
