@@ -193,6 +193,11 @@ constexpr std::int32_t kMaxBlockWords = 65535 - kWindowWords;
 // than they save there.
 constexpr std::int32_t kBlockSearchMinWords = 32768;
 
+// The longest stream that `words` words can give: every word a literal, after
+// up to 7 bits carried in from the object's previous call, and the pending
+// byte.
+std::int64_t MostCompressedBytes(std::int32_t words) { return (7 + std::int64_t{kTokenBits} * words) / 8 + 1; }
+
 class BlockSearch {
  public:
   // `bytes` holds `words` little-endian words.
@@ -350,6 +355,42 @@ class BlockSearch {
   std::int32_t rejected_ = 0;
 };
 
+// Writes tokens of 17 bits, least significant bit first, 32 bits at a time
+// into a buffer that has room for them all. It continues the bit state that
+// the object's previous call left, as OUT_BITS does.
+class TokenWriter {
+ public:
+  TokenWriter(std::uint8_t* out, std::uint8_t pending_byte, std::uint8_t bit_mask)
+      : out_(out), bits_(pending_byte & (bit_mask - 1u)), count_(std::countr_zero(bit_mask)) {}
+
+  void Put(std::uint32_t token) {
+    bits_ |= std::uint64_t{token} << count_;
+    count_ += kTokenBits;
+    if (count_ >= 32) {
+      for (int i = 0; i < 4; ++i) out_[i] = static_cast<std::uint8_t>(bits_ >> (8 * i));
+      out_ += 4;
+      bits_ >>= 32;
+      count_ -= 32;
+    }
+  }
+
+  // Writes the whole bytes left, then the pending byte, which always goes
+  // out (OUT_LAST_CODE); its bits stay in the bit state for the next call.
+  // Returns the end of the stream.
+  std::uint8_t* Finish(std::uint8_t& pending_byte, std::uint8_t& bit_mask) {
+    for (; count_ >= 8; count_ -= 8, bits_ >>= 8) *out_++ = static_cast<std::uint8_t>(bits_);
+    pending_byte = static_cast<std::uint8_t>(bits_);
+    bit_mask = static_cast<std::uint8_t>(1u << count_);
+    *out_++ = pending_byte;
+    return out_;
+  }
+
+ private:
+  std::uint8_t* out_;
+  std::uint64_t bits_;
+  int count_;
+};
+
 // Reads token t of a stream: 17 bits from bit 17 t, the bits past the end
 // read as zeros.
 class TokenReader {
@@ -397,17 +438,13 @@ int OCompress::iCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   m_pInputData = source.GetData();
   m_iInputReadPosition = 0;
   const std::int32_t words = m_iInputCount / 2;
-  if (m_eMethod == Method::kFastest && words >= kBlockSearchMinWords) {
+  if (m_eMethod == Method::kFastest && words >= kBlockSearchMinWords &&
+      MostCompressedBytes(words) <= std::numeric_limits<int>::max()) {
     // On one core the blocks cost about what the fixed-memory encoder does,
     // so that machine takes the same way as the others.
     const int threads =
         m_iThreads > 0 ? m_iThreads : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
-    const auto staging = std::make_unique<std::uint8_t[]>(kStagingBytes);
-    m_pOutStagingStart = m_pOutStagingCursor = staging.get();
-    BeginOutput(target, m_iInputCount);
-    CompressInBlocks(threads);
-    EndOutput();
-    m_pOutStagingStart = m_pOutStagingCursor = nullptr;
+    CompressInBlocks(target, threads);
     m_pInputData = nullptr;
     return 1;
   }
@@ -458,8 +495,10 @@ void OCompress::lz77() {
 }
 
 // Searches the source's blocks on `threads` threads, the calling one among
-// them, then walks the matches they found.
-void OCompress::CompressInBlocks(int threads) {
+// them, and walks the matches they found into `target`: the calling thread
+// walks each block as soon as it is searched and searches blocks itself while
+// the walk waits for one.
+void OCompress::CompressInBlocks(Bytes& target, int threads) {
   const std::int32_t words = m_iInputCount / 2;
   std::vector<std::uint8_t> padded;
   const std::uint8_t* bytes = m_pInputData;
@@ -476,39 +515,78 @@ void OCompress::CompressInBlocks(int threads) {
   const auto blocks = static_cast<std::int32_t>(threads * ((words + per_round - 1) / per_round));
   const std::int32_t block_words = (words + blocks - 1) / blocks;
   const std::unique_ptr<FoundMatch[]> found(new FoundMatch[static_cast<std::size_t>(words)]);
+  const std::unique_ptr<std::atomic<bool>[]> searched(new std::atomic<bool>[static_cast<std::size_t>(blocks)]());
+  // The most any walk writes: every word a literal, after up to 7 carried bits.
+  target.SetSize(0);
+  target.FreeExtra();
+  target.SetSize(static_cast<int>(MostCompressedBytes(words)));
 
   std::atomic<std::int32_t> next_block{0};
+  std::atomic<bool> failed{false};
   std::atomic<std::int32_t> verified{0};
   std::atomic<std::int32_t> rejected{0};
-  auto search = [&] {
-    BlockSearch blocks_search(bytes, words);
-    for (std::int32_t block; (block = next_block++) < blocks;) {
-      const std::int32_t begin = block * block_words;
-      if (begin >= words) continue;
-      blocks_search.Run(begin, std::min(words, begin + block_words), found.get() + begin);
-    }
-    verified += blocks_search.verified();
-    rejected += blocks_search.rejected();
+  // Searches the next block nobody has taken; false once none is left.
+  auto search_next = [&](BlockSearch& search) {
+    const std::int32_t block = next_block++;
+    if (block >= blocks) return false;
+    const std::int32_t begin = block * block_words;
+    if (begin < words) search.Run(begin, std::min(words, begin + block_words), found.get() + begin);
+    searched[block].store(true, std::memory_order_release);
+    return true;
   };
+  auto count = [&](const BlockSearch& search) {
+    verified += search.verified();
+    rejected += search.rejected();
+  };
+
   std::vector<std::exception_ptr> failures(static_cast<std::size_t>(std::min(threads, blocks)));
   std::vector<std::thread> helpers;
   for (std::size_t i = 1; i < failures.size(); ++i) {
     try {
-      helpers.emplace_back([&search, &failure = failures[i]] {
+      helpers.emplace_back([&, &failure = failures[i]] {
         try {
-          search();
+          BlockSearch search(bytes, words);
+          while (search_next(search)) {
+          }
+          count(search);
         } catch (...) {
           failure = std::current_exception();
+          failed = true;
         }
       });
     } catch (const std::system_error&) {
       break;  // the threads already started and this one share the blocks
     }
   }
+
   try {
-    search();
+    BlockSearch search(bytes, words);
+    TokenWriter writer(target.GetData(), m_uiPendingByte, m_uiBitMask);
+    for (std::int32_t position = 0; position < words && !failed;) {
+      const std::int32_t block = position / block_words;
+      if (!searched[block].load(std::memory_order_acquire)) {
+        if (!search_next(search)) std::this_thread::yield();
+        continue;
+      }
+      for (const std::int32_t end = std::min(words, (block + 1) * block_words); position < end;) {
+        const unsigned match = found[static_cast<std::size_t>(position)];
+        if (match != 0) {
+          writer.Put((match & 0xF) << 13 | (match >> 4) << 1);
+          position += static_cast<std::int32_t>(match & 0xF);
+        } else {
+          writer.Put(1u | unsigned{bytes[2 * position]} << 1 | unsigned{bytes[2 * position + 1]} << 9);
+          ++position;
+        }
+      }
+    }
+    if (!failed) {
+      target.SetSize(static_cast<int>(writer.Finish(m_uiPendingByte, m_uiBitMask) - target.GetData()));
+      target.FreeExtra();
+    }
+    count(search);
   } catch (...) {
     failures[0] = std::current_exception();
+    failed = true;
   }
   for (std::thread& helper : helpers) helper.join();
   for (const std::exception_ptr& failure : failures) {
@@ -516,18 +594,6 @@ void OCompress::CompressInBlocks(int threads) {
   }
   m_iVerifiedCandidates += verified;
   m_iRejectedCandidates += rejected;
-
-  for (std::int32_t position = 0; position < words;) {
-    const unsigned match = found[static_cast<std::size_t>(position)];
-    if (match != 0) {
-      OUT_BITS((match & 0xF) << 13 | (match >> 4) << 1, kTokenBits);
-      position += static_cast<std::int32_t>(match & 0xF);
-    } else {
-      OUT_BITS(1u | unsigned{bytes[2 * position]} << 1 | unsigned{bytes[2 * position + 1]} << 9, kTokenBits);
-      ++position;
-    }
-  }
-  OUT_LAST_CODE();
 }
 
 std::uint16_t OCompress::HASH_W(std::uint16_t h, std::uint16_t word) {
@@ -768,30 +834,33 @@ int OCompress::iDeCompress_LZ77_Fast(Bytes& source, Bytes& target) {
   return 1;
 }
 
-// Decodes the tokens that un77() reads straight into the target, which is
-// sized once from their lengths: no ring, no hand-over, no growing and no
-// cutting back. A match copies from the target as from the ring: a distance
-// of 0 reaches 8192 words back, and one before the first word reads zeros.
+// Decodes the tokens that un77() reads straight into the target: no ring and
+// no hand-over. The target starts at four times the source, as the ring
+// decoder's does, doubles while a token might not fit, and is cut back at the
+// end. A match copies from the target as from the ring: a distance of 0
+// reaches 8192 words back, and one before the first word reads zeros.
 void OCompress::DecompressDirect(Bytes& target) {
+  constexpr std::int64_t kMostWords = std::numeric_limits<int>::max() / 2;
+  // Room for a whole 16-word copy past the next word.
+  constexpr std::int64_t kCopyWords = kMaxLength + 1;
   const TokenReader tokens(m_pInputData, m_iInputCount);
   const std::int64_t count = tokens.tokens();
-  std::int64_t words = 0;
-  for (std::int64_t t = 0; t < count; ++t) {
-    const std::uint32_t token = tokens[t];
-    words += (token & 1) != 0 ? 1 : token >> 13;
-  }
-  if (words > std::numeric_limits<int>::max() / 2) {
-    throw std::length_error("OCompress: the result does not fit a byte collection");
-  }
+  std::int64_t capacity = std::min(kMostWords, 2 * std::int64_t{m_iInputCount});
   target.SetSize(0);
   target.FreeExtra();
-  target.SetSize(static_cast<int>(2 * words));
-  std::uint8_t* const out = target.GetData();
+  target.SetSize(static_cast<int>(2 * capacity));
+  std::uint8_t* out = target.GetData();
 
   std::int64_t at = 0;  // the next word to produce
   for (std::int64_t t = 0; t < count; ++t) {
     const std::uint32_t token = tokens[t];
+    if (at + kCopyWords > capacity && capacity < kMostWords) {
+      capacity = std::min(kMostWords, std::max(2 * capacity, at + kCopyWords));
+      target.SetSize(static_cast<int>(2 * capacity));
+      out = target.GetData();
+    }
     if ((token & 1) != 0) {
+      if (at + 1 > capacity) throw std::length_error("OCompress: the result does not fit a byte collection");
       out[2 * at] = static_cast<std::uint8_t>(token >> 1);
       out[2 * at + 1] = static_cast<std::uint8_t>(token >> 9);
       ++at;
@@ -799,14 +868,18 @@ void OCompress::DecompressDirect(Bytes& target) {
     }
     const std::int64_t length = token >> 13;
     const std::int64_t distance = (token >> 1 & 0xFFF) != 0 ? (token >> 1 & 0xFFF) : kRingWords;
-    if (at >= distance && distance >= kMaxLength + 1 && at + kMaxLength + 1 <= words) {
+    if (at + length > capacity) throw std::length_error("OCompress: the result does not fit a byte collection");
+    if (at >= distance && distance >= kCopyWords && at + kCopyWords <= capacity) {
       // Sixteen words in one piece; those past the match are written again
-      // by the tokens that follow before anything reads them.
-      std::memcpy(out + 2 * at, out + 2 * (at - distance), 2 * (kMaxLength + 1));
+      // by the tokens that follow before anything reads them, or cut off.
+      std::memcpy(out + 2 * at, out + 2 * (at - distance), 2 * kCopyWords);
     } else if (at >= distance && distance >= length) {
       std::memcpy(out + 2 * at, out + 2 * (at - distance), static_cast<std::size_t>(2 * length));
+    } else if (at >= distance) {
+      // Overlapping: the words repeat with the distance as their period.
+      for (std::int64_t i = 2 * at; i < 2 * (at + length); ++i) out[i] = out[i - 2 * distance];
     } else {
-      // Overlapping or reaching before the first word: word by word.
+      // Reaching before the first word, which reads zeros.
       for (std::int64_t i = at; i < at + length; ++i) {
         const bool before_first = i < distance;
         out[2 * i] = before_first ? 0 : out[2 * (i - distance)];
@@ -815,6 +888,8 @@ void OCompress::DecompressDirect(Bytes& target) {
     }
     at += length;
   }
+  target.SetSize(static_cast<int>(2 * at));
+  target.FreeExtra();
 }
 
 // Every token is 17 bits, so none can begin in the last byte: decoding stops

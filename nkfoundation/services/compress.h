@@ -71,7 +71,7 @@ class NKF_API OCompress {
 
  private:
   // The fastest method's coders; the tokens are those of lz77() and un77().
-  void CompressInBlocks(int threads);
+  void CompressInBlocks(Bytes& target, int threads);
   void DecompressDirect(Bytes& target);
 
   static constexpr int kMinLength = 2;

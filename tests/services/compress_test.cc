@@ -163,12 +163,37 @@ TEST_P(CompressTest, DamagedStreamsDecodeLikeTheRingWithoutLeavingTheBuffers) {
       ASSERT_EQ(Decompress(noise), nk::testing::ReferenceDecompress(noise)) << size << " bytes";
     }
   }
+  // Fifteen words per 17 bits, far beyond the four times the source that the
+  // target starts at.
+  nk::testing::ReferenceBits runs;
+  runs.Put(0x4243u << 1 | 1u, 17);
+  for (int i = 0; i < 3000; ++i) runs.Put(15u << 13 | 1u << 1, 17);
+  ASSERT_EQ(Decompress(runs.bytes), nk::testing::ReferenceDecompress(runs.bytes));
   // Every truncation of a real stream.
   const Bytes stream = Compress(FewWords(3000, 5));
   for (std::size_t cut = 0; cut < stream.size(); cut += 7) {
     const Bytes head(stream.begin(), stream.begin() + static_cast<std::ptrdiff_t>(cut));
     ASSERT_EQ(Decompress(head), nk::testing::ReferenceDecompress(head)) << "cut at " << cut;
   }
+}
+
+// The bit state of one call carries into the next on the same object (the
+// stream then begins inside the pending byte); every method carries it alike.
+TEST(CompressMethodsTest, CarryTheBitStateIntoTheNextCallAlike) {
+  const Bytes data = FewWords(70001, 21);
+  std::vector<Bytes> seconds;
+  for (Method method : {Method::kFastest, Method::kFixedMemory}) {
+    OCompress compressor(method);
+    OCompress::Bytes source;
+    source.Copy(data.data(), static_cast<int>(data.size()));
+    OCompress::Bytes first;
+    OCompress::Bytes second;
+    compressor.iCompress_LZ77_Fast(source, first);
+    compressor.iCompress_LZ77_Fast(source, second);
+    seconds.emplace_back(second.begin(), second.end());
+  }
+  EXPECT_EQ(seconds[0], seconds[1]);
+  EXPECT_NE(seconds[0], nk::testing::ReferenceCompress(data));
 }
 
 INSTANTIATE_TEST_SUITE_P(Methods, CompressTest, ::testing::Values(Method::kFastest, Method::kFixedMemory),
