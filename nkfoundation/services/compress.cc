@@ -541,6 +541,7 @@ void OCompress::CompressInBlocks(Bytes& target, int threads) {
 
   std::vector<std::exception_ptr> failures(static_cast<std::size_t>(std::min(threads, blocks)));
   std::vector<std::thread> helpers;
+  helpers.reserve(failures.size());  // no allocation while threads run
   for (std::size_t i = 1; i < failures.size(); ++i) {
     try {
       helpers.emplace_back([&, &failure = failures[i]] {

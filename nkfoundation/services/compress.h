@@ -34,11 +34,12 @@ class NKF_API OCompress {
     // The default: the fastest way this machine offers. Compressing a source
     // of 64 KiB or more searches blocks of it on several threads (one per
     // core unless the constructor says otherwise), each with 896 KiB of match
-    // tables, and keeps two bytes per source word of search results (plus a
-    // copy of an odd source with its padding trailer); the threads end before
-    // the call returns. Smaller sources go the fixed-memory way. Decompressing
-    // writes straight into the target, sized once from the tokens' lengths,
-    // and needs no memory besides the target.
+    // tables, keeps two bytes per source word of search results (plus a copy
+    // of an odd source with its padding trailer) and writes into a target
+    // sized for the longest possible stream, then cut back; the threads end
+    // before the call returns. Smaller sources go the fixed-memory way.
+    // Decompressing works inside the target, which starts at four times the
+    // source, doubles as needed and is cut back; it needs no other memory.
     kFastest,
     // The calling thread alone, with the format's fixed memory: 1.8 MB of
     // match tables (kept for the next call), a 16 KiB ring and a 1 KiB
@@ -71,6 +72,7 @@ class NKF_API OCompress {
 
  private:
   // The fastest method's coders; the tokens are those of lz77() and un77().
+  // Both write the whole of `target`.
   void CompressInBlocks(Bytes& target, int threads);
   void DecompressDirect(Bytes& target);
 
