@@ -842,7 +842,8 @@ int OCompress::iDeCompress_LZ77_Fast(Bytes& source, Bytes& target) {
 // reaches 8192 words back, and one before the first word reads zeros.
 void OCompress::DecompressDirect(Bytes& target) {
   constexpr std::int64_t kMostWords = std::numeric_limits<int>::max() / 2;
-  // Room for a whole 16-word copy past the next word.
+  // A match may copy 16 words in one piece, so the target keeps that much
+  // room ahead of the next word.
   constexpr std::int64_t kCopyWords = kMaxLength + 1;
   const TokenReader tokens(m_pInputData, m_iInputCount);
   const std::int64_t count = tokens.tokens();
