@@ -24,8 +24,7 @@ TEST(ApplicationSerializationDataTest, DataTravelsAsCountAndBytes) {
   EXPECT_EQ(Serialize(MakeData()), kFrame);
   EXPECT_EQ(Serialize(OType_ApplicationSerializationData()), kEmptyFrame);
   OType_ApplicationSerializationData read;
-  auto stream = StreamOf(kFrame);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, kFrame));
   EXPECT_EQ(Serialize(read), kFrame);
 }
 

@@ -72,8 +72,7 @@ TEST(SerializationSettingsTest, WrittenAloneReadsBack) {
 TEST(SerializationSettingsTest, ReadsTwentySwitchesFromEighteenBytesOn) {
   // Switch 5 on, switch 24 on, the rest off; two newer bytes follow.
   Settings settings(Settings::PreDefinedSettings::All);
-  auto newer = StreamOf(Hex("1A000000 0054D0FE 0100000000000000000000000000000000000001 ABCD"));
-  ASSERT_TRUE(settings.GetObjectData(newer, false));
+  ASSERT_TRUE(Deserialize(settings, Hex("1A000000 0054D0FE 0100000000000000000000000000000000000001 ABCD"), false));
   EXPECT_EQ(SwitchText(settings), "111110000000000000000001");
   EXPECT_EQ(settings.m_oUserData.GetCount(), 2);
 
@@ -89,8 +88,7 @@ TEST(SerializationSettingsTest, ReadsTwentySwitchesFromEighteenBytesOn) {
   for (bool initialize : {false, true}) {
     Settings kept(Settings::PreDefinedSettings::All);
     kept.SetObjectSize_Precalculation(static_cast<Settings::ObjectSize_Precalculation>(3));
-    auto older = StreamOf(Hex("15000000 0054D0FE 0000000000000000000000000000000000"));
-    ASSERT_TRUE(kept.GetObjectData(older, initialize));
+    ASSERT_TRUE(Deserialize(kept, Hex("15000000 0054D0FE 0000000000000000000000000000000000"), initialize));
     EXPECT_EQ(SwitchText(kept), std::string(24, initialize ? '0' : '1'));
     EXPECT_EQ(kept.GetObjectSize_Precalculation(), initialize ? 0 : 3);
   }

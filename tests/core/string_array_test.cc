@@ -27,19 +27,16 @@ TEST(StringArrayFrameTest, ReadingReplacesTheStringsOrFails) {
   ASSERT_TRUE(strings.GetObjectData(stream, true));
   EXPECT_EQ(Serialize(strings), newer);
 
-  auto older = StreamOf(Hex("08000000 0000D0FE 05000000"));
-  ASSERT_TRUE(strings.GetObjectData(older, true));
+  ASSERT_TRUE(Deserialize(strings, Hex("08000000 0000D0FE 05000000")));
   EXPECT_EQ(strings.GetCount(), 0);
 
   // A string that fails fails the array, even when the count promises a
   // second string and the stream stands exactly at the frame's end.
-  auto missing = StreamOf(Hex("14000000 0000D0FE 02000000 0A000000 0001CBFE 6100 6200 6300"));
-  EXPECT_FALSE(strings.GetObjectData(missing, true));
+  EXPECT_FALSE(Deserialize(strings, Hex("14000000 0000D0FE 02000000 0A000000 0001CBFE 6100 6200 6300")));
   EXPECT_EQ(strings.GetCount(), 1);
 
   // A damaged second string: the rest of the frame becomes the tail.
-  auto damaged = StreamOf(Hex("18000000 0000D0FE 02000000 04000000 0001CBFE 04000000 00000000"));
-  EXPECT_FALSE(strings.GetObjectData(damaged, true));
+  EXPECT_FALSE(Deserialize(strings, Hex("18000000 0000D0FE 02000000 04000000 0001CBFE 04000000 00000000")));
   EXPECT_EQ(strings.GetCount(), 1);
   EXPECT_EQ(strings.m_oUserData.GetCount(), 8);
 }

@@ -31,8 +31,7 @@ TEST(TimeStampFrameTest, YearFirstAndShortPayloadsReadAsDefaults) {
   const Bytes older = Hex("1C000000 0008D0FE DA070000 02000000 03000000 04000000 05000000 06000000");
   for (bool initialize : {false, true}) {
     OTime time = MakeTime(2010, 2, 3, 4, 5, 6, 7);
-    auto stream = StreamOf(older);
-    ASSERT_TRUE(time.GetObjectData(stream, initialize));
+    ASSERT_TRUE(Deserialize(time, older, initialize));
     EXPECT_EQ(time.m_oUserData.GetCount(), 24);
     time.m_oUserData.RemoveAll();
     EXPECT_EQ(Serialize(time), kDefaultFrame);

@@ -28,8 +28,7 @@ TEST(VariantArrayTest, CountThenVariantFramesReadByAppending) {
   Bytes newer = Concat(kTwoVariants, Hex("ABCD"));
   newer[0] += 2;
   OType_VariantArray array = TwoVariants();
-  auto stream = StreamOf(newer);
-  ASSERT_TRUE(array.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(array, newer));
   ASSERT_EQ(array.GetCount(), 4);
   EXPECT_EQ(array.At(3)->oStrGetValue(), u"-1.000000");
   EXPECT_EQ(array.m_oUserData.GetCount(), 2);
@@ -46,8 +45,7 @@ TEST(VariantArrayTest, CountThenVariantFramesReadByAppending) {
 // reading it back keeps the count as the tail.
 TEST(VariantArrayTest, EmptyArrayReadsBackItsCountAsTheTail) {
   OType_VariantArray array;
-  auto empty = StreamOf(Serialize(OType_VariantArray()));
-  ASSERT_TRUE(array.GetObjectData(empty, true));
+  ASSERT_TRUE(Deserialize(array, Serialize(OType_VariantArray())));
   EXPECT_EQ(Serialize(array), Hex("0C000000 002CD0FE 00000000 00000000"));
 }
 

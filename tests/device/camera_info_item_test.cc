@@ -15,15 +15,6 @@ namespace {
 using Item = OType_Device_Camera_InfoItem;
 using ItemArray = OType_Device_Camera_InfoItemArray;
 
-Bytes U32(std::uint32_t value) {
-  return {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8),
-          static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 24)};
-}
-
-Bytes Frame(std::uint32_t id, const Bytes& payload) {
-  return Concat(Concat(U32(static_cast<std::uint32_t>(payload.size() + 4)), U32(id)), payload);
-}
-
 // The payload of a frame, without its 8-byte header.
 Bytes PayloadOf(const Bytes& frame) { return Bytes(frame.begin() + 8, frame.end()); }
 
@@ -79,8 +70,7 @@ TEST(CameraInfoItem, RoundTripKeepsEveryMemberAndNewerTail) {
 TEST(CameraInfoItem, OlderShortFrameKeepsDefaults) {
   const Bytes older = Frame(0xFED05700, Hex("01A0D0FE 07000000 AABBCCDD"));
   Item read = SampleItem();
-  OByteStream_Memory stream = StreamOf(older);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, older));
   EXPECT_EQ(read.m_cameraTypeId, Item::kNoCameraType);
   EXPECT_EQ(read.m_manufacturerID, -1);
   EXPECT_TRUE(read.m_cameraUserAssignedComment.empty());
@@ -88,8 +78,7 @@ TEST(CameraInfoItem, OlderShortFrameKeepsDefaults) {
   EXPECT_EQ(read.m_oUserData.GetCount(), 12);
 
   Item kept = SampleItem();
-  OByteStream_Memory again = StreamOf(older);
-  ASSERT_TRUE(kept.GetObjectData(again, false));
+  ASSERT_TRUE(Deserialize(kept, older, false));
   EXPECT_EQ(kept.m_cameraTypeId, 0xFED0A001u);
   EXPECT_EQ(kept.m_cameraUserAssignedComment, u"Left");
 }
@@ -140,8 +129,7 @@ TEST(CameraInfoItemArray, FramesAppendsCopiesAndCompares) {
 
   ItemArray read;
   read.Add(std::make_shared<Item>());
-  OByteStream_Memory stream = StreamOf(expected);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, expected));
   ASSERT_EQ(read.GetCount(), 3);
   EXPECT_FALSE(ItemArray::Equals(&read, &items));
   read.RemoveAt(0);

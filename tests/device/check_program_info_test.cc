@@ -11,17 +11,6 @@
 namespace nk::testing {
 namespace {
 
-// A u32 in its little-endian bytes.
-Bytes U32(std::uint32_t value) {
-  return {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8),
-          static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 24)};
-}
-
-// A frame of `id` around `payload`.
-Bytes Frame(std::uint32_t id, const Bytes& payload) {
-  return Concat(Concat(U32(static_cast<std::uint32_t>(payload.size() + 4)), U32(id)), payload);
-}
-
 OType_CheckProgramInfoItem BuildSampleItem() {
   OType_CheckProgramInfoItem item;
   item.m_partSet_Size = 0x0102030405060708;
@@ -69,8 +58,7 @@ TEST(CheckProgramInfoItem, FrameIsMembersInOrderWithoutIndex) {
 
   OType_CheckProgramInfoItem read;
   read.m_index = 9;
-  OByteStream_Memory stream = StreamOf(expected);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, expected));
   EXPECT_EQ(read.m_index, 9);
   EXPECT_EQ(read.m_oStrPartSet_Name, u"AB");
   EXPECT_TRUE(read.m_isActivePartSet);
@@ -83,8 +71,7 @@ TEST(CheckProgramInfoItem, OlderShortFramesReadWhatTheyHold) {
   const OType_CheckProgramInfoItem sample = SampleItem();
   for (std::size_t count = 0; count <= 8; ++count) {
     OType_CheckProgramInfoItem read = SampleItem();
-    OByteStream_Memory stream = StreamOf(Frame(0xFED04A00, JoinedMembers(count)));
-    ASSERT_TRUE(read.GetObjectData(stream, true)) << count;
+    ASSERT_TRUE(Deserialize(read, Frame(0xFED04A00, JoinedMembers(count)))) << count;
     EXPECT_EQ(read.m_partSet_Size, count >= 1 ? sample.m_partSet_Size : 0) << count;
     EXPECT_EQ(read.m_oStrPartSet_Comment, count >= 3 ? u"c" : u"") << count;
     EXPECT_EQ(read.m_oCreation_TimeDate.m_iYear, count >= 5 ? 2024 : 2006) << count;
@@ -96,8 +83,7 @@ TEST(CheckProgramInfoItem, OlderShortFramesReadWhatTheyHold) {
 
 TEST(CheckProgramInfoItem, ShortFrameWithoutInitializingKeepsValues) {
   OType_CheckProgramInfoItem read = SampleItem();
-  OByteStream_Memory stream = StreamOf(Frame(0xFED04A00, Hex("2A00000000000000")));
-  ASSERT_TRUE(read.GetObjectData(stream, false));
+  ASSERT_TRUE(Deserialize(read, Frame(0xFED04A00, Hex("2A00000000000000")), false));
   EXPECT_EQ(read.m_partSet_Size, 42u);
   EXPECT_EQ(read.m_oStrPartSet_Name, u"AB");
   EXPECT_TRUE(read.m_isActivePartSet);
@@ -126,8 +112,7 @@ TEST(CheckProgramInfoItemArray, FramesAndAppends) {
 
   OType_CheckProgramInfoItemArray read;
   read.Add(std::make_shared<OType_CheckProgramInfoItem>());
-  OByteStream_Memory stream = StreamOf(expected);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, expected));
   ASSERT_EQ(read.GetCount(), 3);
   EXPECT_EQ(read[1]->m_oStrPartSet_Name, u"AB");
 }
@@ -136,8 +121,7 @@ TEST(CheckProgramInfoItemArray, StopsAtADamagedItem) {
   const Bytes foreign = Frame(0xFED04B00, Hex("00"));
   const Bytes written = Frame(0xFED04900, Concat(Concat(U32(2), Serialize(SampleItem())), foreign));
   OType_CheckProgramInfoItemArray read;
-  OByteStream_Memory stream = StreamOf(written);
-  EXPECT_FALSE(read.GetObjectData(stream, true));
+  EXPECT_FALSE(Deserialize(read, written));
   EXPECT_EQ(read.GetCount(), 1);
   EXPECT_EQ(read.m_oUserData.GetCount(), static_cast<int>(foreign.size()));
   // Written again, the count tells what was read; the foreign bytes follow.

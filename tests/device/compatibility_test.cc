@@ -121,8 +121,7 @@ TEST(CompatibilityTest, FrameIsExact) {
   Bytes newer = Concat(kFrame, Hex("ABCD"));
   newer[0] += 2;
   OType_Compatibility read;
-  auto stream = StreamOf(newer);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, newer));
   EXPECT_EQ(read.m_qtvVersionCreatedWith, 0x0002000000000000u);
   EXPECT_EQ(Serialize(read), newer);
 }
@@ -160,8 +159,7 @@ TEST(CompatibilityTest, CreatingVersionOnlyFromFramesThatHoldIt) {
     }
   }
   OType_Compatibility untouched = MakeCompatibility();
-  auto foreign = StreamOf(Hex("0C000000 002BD0FE 00000000"));
-  EXPECT_FALSE(untouched.GetObjectData(foreign, true));
+  EXPECT_FALSE(Deserialize(untouched, Hex("0C000000 002BD0FE 00000000")));
   EXPECT_EQ(Serialize(untouched), kFrame);
 }
 

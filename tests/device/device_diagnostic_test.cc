@@ -30,8 +30,7 @@ TEST(DeviceDiagnosticTest, FrameIsExact) {
             Hex("18000000 0039D0FE 00000000 00000000 0300 0400 04000000 0001CBFE"));
 
   OType_DeviceDiagnostic read;
-  auto stream = StreamOf(kFrame);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, kFrame));
   EXPECT_EQ(read.m_usiDiagnosticCategoryID, 0x8001);  // unsigned in memory
   EXPECT_EQ(Serialize(read), kFrame);
 
@@ -76,8 +75,7 @@ TEST(DeviceDiagnosticTest, ArrayAppendsAndCopiesDeeply) {
   const Bytes frame = Serialize(array);
   EXPECT_EQ(frame, Concat(Hex("2E000000 0038D0FE 01000000"), kFrame));
 
-  auto stream = StreamOf(frame);
-  ASSERT_TRUE(array.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(array, frame));
   ASSERT_EQ(array.GetCount(), 2);
   EXPECT_EQ(array.At(1)->m_oDiagnosticData_Text, u"Hello");
 

@@ -15,6 +15,7 @@
 namespace {
 
 using nk::testing::Bytes;
+using nk::testing::Deserialize;
 using nk::testing::Hex;
 using nk::testing::Serialize;
 using nk::testing::StreamOf;
@@ -97,8 +98,7 @@ TEST(DeviceInfoTest, TailShortFramesAndForeignFrames) {
 
   // Under the 12-byte gate nothing is read: the payload becomes the tail.
   OType_DeviceInfo older;
-  auto gated = StreamOf(Hex("0F000000 0026D0FE 0102030405060708 090A0B"));
-  ASSERT_TRUE(older.GetObjectData(gated, true));
+  ASSERT_TRUE(Deserialize(older, Hex("0F000000 0026D0FE 0102030405060708 090A0B")));
   EXPECT_EQ(older.m_MACAddress_EUI_64BitExtension[0], 0);
   EXPECT_EQ(older.m_oUserData.GetCount(), 11);
 
@@ -120,8 +120,7 @@ TEST(DeviceInfoTest, TailShortFramesAndForeignFrames) {
   // Not a record frame: false, record untouched.
   Bytes foreign = frame;
   foreign[4] = 0x01;
-  auto foreign_stream = StreamOf(foreign);
-  EXPECT_FALSE(read.GetObjectData(foreign_stream, true));
+  EXPECT_FALSE(Deserialize(read, foreign));
   EXPECT_EQ(read.m_MaxNumCameras, 4);
 }
 
@@ -195,8 +194,7 @@ TEST(DeviceInfoArrayTest, FramesAndDamagedElement) {
   Bytes damaged = frame;
   damaged[12 + 1236 + 5] = 0x27;
   OType_DeviceInfoArray read;
-  auto stream = StreamOf(damaged);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, damaged));
   ASSERT_EQ(read.GetCount(), 1);
   EXPECT_EQ(read.At(0)->m_MaxNumJobs, 1);
   EXPECT_EQ(read.m_oUserData.GetCount(), 2 * 1236);

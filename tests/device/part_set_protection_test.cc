@@ -33,8 +33,7 @@ TEST(PartSetProtection, ShortFrameKeepsOrResetsByRequest) {
   const Bytes no_count = Hex("04000000 003AD0FE");
   for (const bool initialize : {false, true}) {
     OType_PartSet_Protection protection = ProtectionOf({7, 7});
-    OByteStream_Memory stream = StreamOf(no_count);
-    ASSERT_TRUE(protection.GetObjectData(stream, initialize));
+    ASSERT_TRUE(Deserialize(protection, no_count, initialize));
     EXPECT_EQ(protection.m_oProtectionData.GetCount(), initialize ? 0 : 2);
   }
 }

@@ -17,16 +17,26 @@ const Bytes kDefaultFrame = Hex("44000000 0018D0FE 00000000 01000000 01000000 01
                                 "000000000000F03F 000000000000F03F 0000000000000000"
                                 "01000000 01000000 01000000 00000000");
 
+// The ten flags in the profile's order.
+std::vector<bool*> Flags(OType_ProjectProperties& p) {
+  return {&p.m_bProject_SaveFile_IncludeOldFormat, &p.m_bProject_Use_MultiPartSets,
+          &p.m_bProject_Use_Orientations,          &p.m_bProject_Use_SortTypes,
+          &p.m_bProject_Use_ManualOrientations,    &p.m_bProject_Use_ManualTypes,
+          &p.m_bProject_Use_Quality,               &p.m_bProject_Use_Alternative_Value,
+          &p.m_bProject_Use_NewToolsOnCameraImage, &p.m_bUpdate_ProjectDescription};
+}
+
+// The flags as "0" and "1", in the profile's order.
+std::string FlagText(OType_ProjectProperties properties) {
+  std::string text;
+  for (const bool* flag : Flags(properties)) text += *flag ? '1' : '0';
+  return text;
+}
+
 // Every flag flipped from its default, and other caliper values.
 OType_ProjectProperties Flipped() {
   OType_ProjectProperties properties;
-  for (bool* flag : {&properties.m_bProject_SaveFile_IncludeOldFormat, &properties.m_bProject_Use_MultiPartSets,
-                     &properties.m_bProject_Use_Orientations, &properties.m_bProject_Use_ManualOrientations,
-                     &properties.m_bProject_Use_SortTypes, &properties.m_bProject_Use_ManualTypes,
-                     &properties.m_bProject_Use_Quality, &properties.m_bProject_Use_Alternative_Value,
-                     &properties.m_bProject_Use_NewToolsOnCameraImage, &properties.m_bUpdate_ProjectDescription}) {
-    *flag = !*flag;
-  }
+  for (bool* flag : Flags(properties)) *flag = !*flag;
   properties.m_dCaliper_ImageScaling_x = 2.0;
   properties.m_dCaliper_World_ZPos = -3.5;
   return properties;
@@ -42,8 +52,7 @@ TEST(ProjectPropertiesTest, FrameIsExactAndReadingStartsFromDefaults) {
   stored[8] = 7;
   stored[20] = 0;
   OType_ProjectProperties read;
-  auto stream = StreamOf(stored);
-  ASSERT_TRUE(read.GetObjectData(stream, false));
+  ASSERT_TRUE(Deserialize(read, stored, false));
   EXPECT_TRUE(read.m_bProject_SaveFile_IncludeOldFormat);
   EXPECT_FALSE(read.bUseSortTypes());
   EXPECT_TRUE(read.bUseManualOrientations());
@@ -56,8 +65,7 @@ TEST(ProjectPropertiesTest, FrameIsExactAndReadingStartsFromDefaults) {
   older[0] = 64;
   for (bool initialize : {false, true}) {
     OType_ProjectProperties properties = Flipped();
-    auto older_stream = StreamOf(older);
-    ASSERT_TRUE(properties.GetObjectData(older_stream, initialize));
+    ASSERT_TRUE(Deserialize(properties, older, initialize));
     EXPECT_EQ(properties.m_oUserData.GetCount(), 60);
     properties.m_oUserData.RemoveAll();
     EXPECT_EQ(Serialize(properties), kDefaultFrame);
@@ -66,11 +74,9 @@ TEST(ProjectPropertiesTest, FrameIsExactAndReadingStartsFromDefaults) {
   // A newer frame keeps its surplus; a foreign frame changes nothing.
   Bytes newer = Concat(Serialize(Flipped()), Hex("ABCDEF"));
   newer[0] += 3;
-  auto newer_stream = StreamOf(newer);
-  ASSERT_TRUE(read.GetObjectData(newer_stream, true));
+  ASSERT_TRUE(Deserialize(read, newer));
   EXPECT_EQ(Serialize(read), newer);
-  auto foreign = StreamOf(Hex("0C000000 002BD0FE 00000000"));
-  EXPECT_FALSE(read.GetObjectData(foreign, true));
+  EXPECT_FALSE(Deserialize(read, Hex("0C000000 002BD0FE 00000000")));
   EXPECT_EQ(Serialize(read), newer);
 
   read.Default_ProjectProperties();
@@ -135,23 +141,12 @@ TEST_F(ProjectPropertiesProfileTest, ReadingStoresThreeEntriesAndReadsTheRest) {
 
   // The read entries take their defaults or stored values; the three stored
   // ones are true because storing succeeded; the caliper values stay.
-  EXPECT_FALSE(properties.m_bProject_SaveFile_IncludeOldFormat);
-  EXPECT_TRUE(properties.bUseMultiPartSets());
-  EXPECT_FALSE(properties.bUseOrientations());
-  EXPECT_TRUE(properties.bUseSortTypes());
-  EXPECT_FALSE(properties.bUseManualOrientations());
-  EXPECT_FALSE(properties.bUseManualSortTypes());
-  EXPECT_TRUE(properties.bUseQuality());
-  EXPECT_TRUE(properties.bUseAlternativeValue());
-  EXPECT_TRUE(properties.bUseNewToolsOnCameraImage());
-  EXPECT_TRUE(properties.m_bUpdate_ProjectDescription);
+  EXPECT_EQ(FlagText(properties), "0101001111");
   EXPECT_EQ(properties.m_dCaliper_ImageScaling_x, 2.0);
 
   profile_.writes_fail = true;
   properties.ReadRegistry_ProjectProperties();
-  EXPECT_FALSE(properties.bUseQuality());
-  EXPECT_FALSE(properties.bUseAlternativeValue());
-  EXPECT_FALSE(properties.bUseNewToolsOnCameraImage());
+  EXPECT_EQ(FlagText(properties), "0101000001");
 }
 
 TEST_F(ProjectPropertiesProfileTest, WritingStoresTenFlagsInOrder) {
@@ -180,16 +175,7 @@ TEST_F(ProjectPropertiesProfileTest, WithoutAProfileReadingFallsBack) {
     properties.WriteRegistry_ProjectProperties();
     properties.ReadRegistry_ProjectProperties();
     EXPECT_TRUE(profile_.calls.empty());
-    EXPECT_FALSE(properties.m_bProject_SaveFile_IncludeOldFormat);
-    EXPECT_TRUE(properties.bUseMultiPartSets());
-    EXPECT_FALSE(properties.bUseOrientations());
-    EXPECT_FALSE(properties.bUseManualOrientations());
-    EXPECT_FALSE(properties.bUseSortTypes());
-    EXPECT_FALSE(properties.bUseManualSortTypes());
-    EXPECT_TRUE(properties.bUseQuality());
-    EXPECT_TRUE(properties.bUseAlternativeValue());
-    EXPECT_FALSE(properties.bUseNewToolsOnCameraImage());
-    EXPECT_TRUE(properties.m_bUpdate_ProjectDescription);
+    EXPECT_EQ(FlagText(properties), "0100001101");
     EXPECT_EQ(properties.m_dCaliper_World_ZPos, -3.5);
   }
 }

@@ -9,9 +9,9 @@
 namespace {
 
 using nk::testing::Bytes;
+using nk::testing::Deserialize;
 using nk::testing::Hex;
 using nk::testing::Serialize;
-using nk::testing::StreamOf;
 
 // Count 2, then (1, 2) pixels and the zero vector that a null entry writes.
 const Bytes kTwoVectors = Hex("38000000 0014D0FE 02000000"
@@ -32,16 +32,14 @@ TEST(VectorArrayTest, NewerOlderAndDamagedFrames) {
   // Reading appends; a newer array's surplus becomes the tail.
   Bytes newer = nk::testing::Concat(kTwoVectors, Hex("EEFF"));
   newer[0] += 2;
-  auto stream = StreamOf(newer);
-  ASSERT_TRUE(array.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(array, newer));
   ASSERT_EQ(array.GetCount(), 4);
   EXPECT_EQ(*array.At(2), OVector(1, 2));
   EXPECT_EQ(array.m_oUserData.GetCount(), 2);
 
   // Payload 8, under the 9 the count needs: all of it becomes the tail.
   OVector_Array older;
-  auto short_frame = StreamOf(Hex("0C000000 0014D0FE 00000000 01020304"));
-  ASSERT_TRUE(older.GetObjectData(short_frame, true));
+  ASSERT_TRUE(Deserialize(older, Hex("0C000000 0014D0FE 00000000 01020304")));
   EXPECT_EQ(older.GetCount(), 0);
   EXPECT_EQ(older.m_oUserData.GetCount(), 8);
 
@@ -50,8 +48,7 @@ TEST(VectorArrayTest, NewerOlderAndDamagedFrames) {
   Bytes damaged = kTwoVectors;
   damaged[36 + 5] = 0x16;
   OVector_Array read;
-  auto damaged_stream = StreamOf(damaged);
-  EXPECT_TRUE(read.GetObjectData(damaged_stream, true));
+  EXPECT_TRUE(Deserialize(read, damaged));
   EXPECT_EQ(read.GetCount(), 1);
   EXPECT_EQ(read.m_oUserData.GetCount(), 24);
 }

@@ -10,9 +10,9 @@
 namespace {
 
 using nk::testing::Bytes;
+using nk::testing::Deserialize;
 using nk::testing::Hex;
 using nk::testing::Serialize;
-using nk::testing::StreamOf;
 
 constexpr double kPi = std::numbers::pi;
 
@@ -24,13 +24,11 @@ TEST(VectorFrameTest, NewerAndOlderFrames) {
   // A newer vector keeps its extra bytes and writes them back.
   const Bytes newer = Hex("16000000 0015D0FE 0000010000000000 0000FEFFFFFFFFFF 0102");
   OVector v;
-  auto stream = StreamOf(newer);
-  ASSERT_TRUE(v.GetObjectData(stream, false));
+  ASSERT_TRUE(Deserialize(v, newer, false));
   EXPECT_EQ(Serialize(v), newer);
 
   // An older one with x only reads as (0, 0); x becomes the tail.
-  auto older = StreamOf(Hex("0C000000 0015D0FE 0000010000000000"));
-  ASSERT_TRUE(v.GetObjectData(older, false));
+  ASSERT_TRUE(Deserialize(v, Hex("0C000000 0015D0FE 0000010000000000"), false));
   EXPECT_EQ(v, Raw(0, 0));
   EXPECT_EQ(v.m_oUserData.GetCount(), 8);
 }

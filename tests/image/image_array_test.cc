@@ -13,6 +13,7 @@
 namespace {
 
 using nk::testing::Bytes;
+using nk::testing::Deserialize;
 using nk::testing::Hex;
 using nk::testing::Serialize;
 using nk::testing::StreamOf;
@@ -31,16 +32,14 @@ TEST(ImageArrayFrameTest, LeadingFieldsAndCountThreshold) {
   EXPECT_EQ(Serialize(array), empty);
 
   OType_Image_Array read;
-  auto stream = StreamOf(empty);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, empty));
   EXPECT_EQ(read.m_iSelectedIndex, 2);
   EXPECT_TRUE(read.m_isSelected);
 
   // 16 bytes of payload: below the threshold, all of it becomes the tail.
   const Bytes older = Hex("14000000 0006D0FE 05000000 00000000 38FFFFFF 00000000");
   OType_Image_Array old;
-  auto older_stream = StreamOf(older);
-  ASSERT_TRUE(old.GetObjectData(older_stream, true));
+  ASSERT_TRUE(Deserialize(old, older));
   EXPECT_EQ(old.m_iSelectedIndex, -1);
   EXPECT_EQ(old.m_oUserData.GetCount(), 16);
 }
@@ -78,8 +77,7 @@ TEST(ImageArrayFrameTest, RoundTripAppendsAndStopsAtADamagedImage) {
 
   OType_Image_Array read;
   read.Add(std::make_shared<OType_Image>());
-  auto stream = StreamOf(written);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, written));
   ASSERT_EQ(read.GetCount(), 5);
   EXPECT_EQ(read[2]->GetImage_Width(), 320);
   EXPECT_EQ(read[2]->GetPixel(5, 5), array[1]->GetPixel(5, 5));

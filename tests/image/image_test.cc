@@ -14,6 +14,7 @@ namespace {
 
 using nk::testing::Bytes;
 using nk::testing::Concat;
+using nk::testing::Deserialize;
 using nk::testing::Hex;
 using nk::testing::Serialize;
 using nk::testing::StreamOf;
@@ -182,8 +183,7 @@ TEST(ImageFrameTest, ByteExactFrame) {
   EXPECT_EQ(image.GetObjectSize(), expected.size());
 
   OType_Image read;
-  auto stream = StreamOf(expected);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, expected));
   EXPECT_EQ(read.GetImage_Right(), 3);
   EXPECT_EQ(read.GetDataIndexOffset(), (3 - 1) * 2 - 1);
   EXPECT_EQ(read.GetPixel(1, 2), 0xABABABu);
@@ -198,8 +198,7 @@ TEST(ImageFrameTest, FortyEightByteGate) {
   image.m_oAcquisition_TimeDate = OTime();
   Bytes frame = Hex("33000000 0007D0FE");
   frame.resize(8 + 47, 0x01);
-  auto stream = StreamOf(frame);
-  ASSERT_TRUE(image.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(image, frame));
   EXPECT_TRUE(image.m_name.empty());
   EXPECT_NE(image.m_oAcquisition_TimeDate.m_iYear, 2006);
   EXPECT_EQ(image.GetImage_Width(), 0);
@@ -210,8 +209,7 @@ TEST(ImageFrameTest, FortyEightByteGate) {
   Bytes least = Hex("34000000 0007D0FE");
   least.resize(8 + 32, 0);
   least = Concat(least, Hex("04000000 0001CBFE 04000000 0001CBFE"));
-  auto short_stream = StreamOf(least);
-  EXPECT_FALSE(OType_Image().GetObjectData(short_stream, true));
+  EXPECT_FALSE(Deserialize(OType_Image(), least));
 }
 
 TEST(ImageFrameTest, DamagedFramesFailCleanly) {
@@ -228,8 +226,7 @@ TEST(ImageFrameTest, DamagedFramesFailCleanly) {
   // would read as an older record).
   for (std::size_t n = 8 + 48; n < 8 + 32 + 48; ++n) {
     Bytes cut(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(n));
-    auto cut_stream = StreamOf(cut);
-    EXPECT_FALSE(OType_Image().GetObjectData(cut_stream, true)) << n;
+    EXPECT_FALSE(Deserialize(OType_Image(), cut)) << n;
   }
   // Hostile geometry: accessors refuse every position.
   Bytes wild = good;
@@ -238,8 +235,7 @@ TEST(ImageFrameTest, DamagedFramesFailCleanly) {
   wild[17] = wild[18] = wild[19] = 0;
   wild[8 + 28] = 48;
   wild[8 + 29] = wild[8 + 30] = wild[8 + 31] = 0;
-  auto wild_stream = StreamOf(wild);
-  ASSERT_TRUE(image.GetObjectData(wild_stream, true));
+  ASSERT_TRUE(Deserialize(image, wild));
   EXPECT_EQ(image.GetPixel(0x7F7F7F7F, 0x7F7F7F7F), kUMarker);
   EXPECT_EQ(image.GetDataIndex(0, 0), kMarker);
 }
@@ -258,8 +254,7 @@ TEST(ImageStorageTest, ConvertDataRules) {
 
   // The compressed form travels and comes back to the same pixels.
   OType_Image read;
-  auto stream = StreamOf(Serialize(image));
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, Serialize(image)));
   EXPECT_EQ(read.m_iImageFormat, 2);
   EXPECT_EQ(read.iConvertData(0), 1);
   EXPECT_EQ(std::vector<unsigned char>(read.GetImageData(), read.GetImageData() + read.GetImageDataSize()), raw);

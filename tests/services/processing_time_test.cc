@@ -49,8 +49,7 @@ TEST(ProcessingTimeTest, FrameIsByteExactAndRoundTripsWithTail) {
   EXPECT_EQ(item.GetObjectSize(), frame.size());
 
   OType_ProcessingTime read;
-  OByteStream_Memory stream = StreamOf(frame);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, frame));
   EXPECT_EQ(Serialize(read), frame);
 }
 
@@ -60,8 +59,7 @@ TEST(ProcessingTimeTest, ShortPayloadReadsNoField) {
   const Bytes short_frame = Hex("10000000 0028D0FE 05000000 0000000000000000");
   for (const bool initialize : {true, false}) {
     OType_ProcessingTime item(7, 99);
-    OByteStream_Memory stream = StreamOf(short_frame);
-    ASSERT_TRUE(item.GetObjectData(stream, initialize));
+    ASSERT_TRUE(Deserialize(item, short_frame, initialize));
     EXPECT_EQ(item.m_iProcessingTime_Type, initialize ? 0 : 7);
     EXPECT_EQ(item.m_ullStartTimeMicroSec, initialize ? 0u : 99u);
     EXPECT_EQ(item.m_oUserData.GetCount(), 12);
@@ -176,8 +174,7 @@ TEST(ProcessingTimeArrayTest, FrameCarriesThePartNumberAndOneProgressStep) {
 
   OType_ProcessingTimeArray read;
   read.AddProcessingTime(3, 1);  // reading appends
-  OByteStream_Memory in = StreamOf(frame);
-  ASSERT_TRUE(read.GetObjectData(in, true));
+  ASSERT_TRUE(Deserialize(read, frame));
   ASSERT_EQ(read.GetCount(), 2);
   EXPECT_EQ(read.m_uiAcquisition_Part_Number_Ref, 5u);
   EXPECT_EQ(read.GetAt(1)->m_uiDuractionMicroSec, 2u);
@@ -206,8 +203,7 @@ TEST(ProcessingTimeArrayTest, BadItemIsSkippedAndReadFails) {
   // A count beyond the items present ends at a place where no frame opens.
   OType_ProcessingTimeArray truncated;
   const Bytes cut = Concat(Hex("34000000 0027D0FE 02000000 09000000"), good);
-  OByteStream_Memory cut_stream = StreamOf(cut);
-  EXPECT_FALSE(truncated.GetObjectData(cut_stream, true));
+  EXPECT_FALSE(Deserialize(truncated, cut));
   EXPECT_EQ(truncated.GetCount(), 1);
 }
 

@@ -27,6 +27,17 @@ inline Bytes Concat(Bytes first, const Bytes& second) {
   return first;
 }
 
+// A u32 in its little-endian bytes.
+inline Bytes U32(std::uint32_t value) {
+  return {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8),
+          static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 24)};
+}
+
+// A frame of `id` around `payload`.
+inline Bytes Frame(std::uint32_t id, const Bytes& payload) {
+  return Concat(Concat(U32(static_cast<std::uint32_t>(payload.size() + 4)), U32(id)), payload);
+}
+
 inline Bytes BytesOf(const OByteStream_Memory& stream) { return {stream.GetBuffer().begin(), stream.GetBuffer().end()}; }
 
 // Takes temporaries too: writing leaves an object as it was.
@@ -38,6 +49,14 @@ Bytes Serialize(Object&& object) {
 }
 
 inline OByteStream_Memory StreamOf(const Bytes& bytes) { return OByteStream_Memory(bytes.data(), bytes.size()); }
+
+// Reads `object` from the start of `bytes`; the reader's own answer.
+// Takes temporaries too, for reads that only have to fail.
+template <class Object>
+bool Deserialize(Object&& object, const Bytes& bytes, bool initialize = true) {
+  OByteStream_Memory stream = StreamOf(bytes);
+  return object.GetObjectData(stream, initialize);
+}
 
 }  // namespace nk::testing
 
