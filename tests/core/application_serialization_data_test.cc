@@ -33,8 +33,7 @@ TEST(ApplicationSerializationDataTest, OlderAndDamagedFrames) {
   const Bytes older = Hex("0C000000 0032D0FE 09000000 04000000");
   for (bool initialize : {false, true}) {
     OType_ApplicationSerializationData data = MakeData();
-    auto stream = StreamOf(older);
-    ASSERT_TRUE(data.GetObjectData(stream, initialize));
+    ASSERT_TRUE(Deserialize(data, older, initialize));
     EXPECT_EQ(data.m_oUserData.GetCount(), 8);
     data.m_oUserData.RemoveAll();
     EXPECT_EQ(Serialize(data), initialize ? kEmptyFrame : kFrame);

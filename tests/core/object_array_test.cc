@@ -21,8 +21,7 @@ TEST(ObjectArrayTest, WritesCountAndElementFramesAndReadingAppends) {
   EXPECT_EQ(bytes, Concat(Concat(Hex("49000000 00F2D0FE 02000000"), Serialize(*array.GetAt(0))),
                           Serialize(TestPoint())));
 
-  auto stream = StreamOf(bytes);
-  ASSERT_TRUE(array.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(array, bytes));
   EXPECT_EQ(array.GetCount(), 4);
   EXPECT_EQ(array.GetData()[1], nullptr);
 }

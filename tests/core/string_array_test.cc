@@ -23,8 +23,7 @@ TEST(StringArrayFrameTest, ReadingReplacesTheStringsOrFails) {
   OStringArray strings;
   strings.Add(u"old");
   const Bytes newer = Hex("12000000 0000D0FE 01000000 04000000 0001CBFE 7A7A");
-  auto stream = StreamOf(newer);
-  ASSERT_TRUE(strings.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(strings, newer));
   EXPECT_EQ(Serialize(strings), newer);
 
   ASSERT_TRUE(Deserialize(strings, Hex("08000000 0000D0FE 05000000")));

@@ -144,8 +144,7 @@ TEST(CompatibilityTest, CreatingVersionOnlyFromFramesThatHoldIt) {
       {Bytes(bounds.begin(), bounds.end() - 1), {7, 0}, {42, kDefault}, 31},
   };
   for (const auto& c : cases) {
-    Bytes frame = Concat(Hex("00000000 001DD0FE"), c.payload);
-    frame[0] = static_cast<std::uint8_t>(frame.size() - 4);
+    const Bytes frame = Frame(0xFED01D00, c.payload);
     for (int initialize : {0, 1}) {
       OType_Compatibility read;
       read.SetCompatibilityFirmwareVersion(7, 7, 7, 7, 7, 7, 7, 7);

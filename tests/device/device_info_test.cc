@@ -89,8 +89,7 @@ TEST(DeviceInfoTest, TailShortFramesAndForeignFrames) {
   Bytes newer = nk::testing::Concat(frame, Hex("00112233445566778899"));
   newer[0] += 10;
   OType_DeviceInfo read;
-  auto stream = StreamOf(newer);
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, newer));
   EXPECT_EQ(read.m_MaxNumCameras, 4);
   EXPECT_EQ(read.m_oUserData.GetCount(), 10);
   EXPECT_EQ(read.GetObjectSize(), 1246u);

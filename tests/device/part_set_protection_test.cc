@@ -19,14 +19,14 @@ TEST(PartSetProtection, Frames) {
   EXPECT_EQ(Serialize(OType_PartSet_Protection()), Hex("08000000 003AD0FE 00000000"));
   EXPECT_EQ(Serialize(ProtectionOf({0xDE, 0xAD, 0x01})), Hex("0B000000 003AD0FE 03000000 DEAD01"));
 
-  // Bytes of a newer writer survive as the tail.
+  // Bytes of a newer writer survive as the tail; a count beyond the data fails.
   const Bytes newer = Hex("0E000000 003AD0FE 01000000 AB 1122334455");
-  OByteStream_Memory stream = StreamOf(newer);
   OType_PartSet_Protection read;
-  ASSERT_TRUE(read.GetObjectData(stream, true));
+  ASSERT_TRUE(Deserialize(read, newer));
   EXPECT_EQ(read.m_oProtectionData.GetCount(), 1);
   EXPECT_EQ(read.m_oUserData.GetCount(), 5);
   EXPECT_EQ(Serialize(read), newer);
+  EXPECT_FALSE(Deserialize(OType_PartSet_Protection(), Hex("0B000000 003AD0FE FFFFFF7F AB")));
 }
 
 TEST(PartSetProtection, ShortFrameKeepsOrResetsByRequest) {
@@ -36,12 +36,6 @@ TEST(PartSetProtection, ShortFrameKeepsOrResetsByRequest) {
     ASSERT_TRUE(Deserialize(protection, no_count, initialize));
     EXPECT_EQ(protection.m_oProtectionData.GetCount(), initialize ? 0 : 2);
   }
-}
-
-TEST(PartSetProtection, CountBeyondTheDataFails) {
-  OByteStream_Memory stream = StreamOf(Hex("0B000000 003AD0FE FFFFFF7F AB"));
-  OType_PartSet_Protection protection;
-  EXPECT_FALSE(protection.GetObjectData(stream, true));
 }
 
 TEST(PartSetProtection, CopiesCarryDataAndTail) {

@@ -188,10 +188,7 @@ TEST(ProcessingTimeArrayTest, BadItemIsSkippedAndReadFails) {
                          "FFFFFFFF FFFFFFFF");
   Bytes bad = good;
   bad[31] = 0x00;  // string identifier 0xFECB0100 -> 0x00CB0100
-  const Bytes body = Concat(Concat(Hex("02000000 03000000"), bad), good);
-  Bytes frame = Hex("00000000 0027D0FE");
-  frame[0] = static_cast<std::uint8_t>(body.size() + 4);
-  frame = Concat(frame, body);
+  const Bytes frame = Frame(0xFED02700, Concat(Concat(Hex("02000000 03000000"), bad), good));
 
   OType_ProcessingTimeArray array;
   OByteStream_Memory stream = StreamOf(frame);
