@@ -12,13 +12,8 @@
 #include "tests/support/bytes.h"
 #include "tests/support/temp_dir.h"
 
+namespace nk::testing {
 namespace {
-
-using nk::testing::Bytes;
-using nk::testing::Deserialize;
-using nk::testing::Hex;
-using nk::testing::Serialize;
-using nk::testing::StreamOf;
 
 constexpr std::size_t kRetired = 988;  // block offset of the retired tool byte
 constexpr std::size_t kWire = 8;       // block offset + kWire = wire offset
@@ -86,7 +81,7 @@ TEST(DeviceInfoTest, TailShortFramesAndForeignFrames) {
   const Bytes frame = Serialize(info);
 
   // A newer record with 10 bytes behind the block keeps them.
-  Bytes newer = nk::testing::Concat(frame, Hex("00112233445566778899"));
+  Bytes newer = Concat(frame, Hex("00112233445566778899"));
   newer[0] += 10;
   OType_DeviceInfo read;
   ASSERT_TRUE(Deserialize(read, newer));
@@ -180,7 +175,7 @@ TEST(DeviceInfoArrayTest, FramesAndDamagedElement) {
 
   // A stream that is not in memory gets the frame assembled apart first:
   // the same bytes.
-  nk::testing::TempDir dir;
+  TempDir dir;
   OByteStream_File file;
   ASSERT_TRUE(file.Open(dir / "array", nk::File::Mode::kWrite));
   ASSERT_TRUE(array.AddObjectData(file));
@@ -210,3 +205,4 @@ TEST(DeviceInfoArrayTest, FramesAndDamagedElement) {
 }
 
 }  // namespace
+}  // namespace nk::testing

@@ -6,12 +6,8 @@
 
 #include "tests/support/bytes.h"
 
+namespace nk::testing {
 namespace {
-
-using nk::testing::Bytes;
-using nk::testing::Deserialize;
-using nk::testing::Hex;
-using nk::testing::Serialize;
 
 // Count 2, then (1, 2) pixels and the zero vector that a null entry writes.
 const Bytes kTwoVectors = Hex("38000000 0014D0FE 02000000"
@@ -30,7 +26,7 @@ TEST(VectorArrayTest, NewerOlderAndDamagedFrames) {
   EXPECT_EQ(Serialize(array), kTwoVectors);
 
   // Reading appends; a newer array's surplus becomes the tail.
-  Bytes newer = nk::testing::Concat(kTwoVectors, Hex("EEFF"));
+  Bytes newer = Concat(kTwoVectors, Hex("EEFF"));
   newer[0] += 2;
   ASSERT_TRUE(Deserialize(array, newer));
   ASSERT_EQ(array.GetCount(), 4);
@@ -79,3 +75,4 @@ TEST(VectorArrayTest, CopyToCopiesEachVector) {
 }
 
 }  // namespace
+}  // namespace nk::testing

@@ -7,12 +7,8 @@
 
 #include "tests/support/bytes.h"
 
+namespace nk::testing {
 namespace {
-
-using nk::testing::Bytes;
-using nk::testing::Deserialize;
-using nk::testing::Hex;
-using nk::testing::Serialize;
 
 constexpr double kPi = std::numbers::pi;
 
@@ -113,3 +109,4 @@ TEST(VectorTest, CopiesTakeTheTailOnlyWhenAsked) {
 }
 
 }  // namespace
+}  // namespace nk::testing

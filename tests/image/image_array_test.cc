@@ -10,13 +10,8 @@
 #include "tests/support/counting_progress.h"
 #include "tests/support/sensor_images.h"
 
+namespace nk::testing {
 namespace {
-
-using nk::testing::Bytes;
-using nk::testing::Deserialize;
-using nk::testing::Hex;
-using nk::testing::Serialize;
-using nk::testing::StreamOf;
 
 std::shared_ptr<OType_Image> ImageOf(const std::vector<std::uint8_t>& pixels, int width, int height, int bpp) {
   auto image = std::make_shared<OType_Image>();
@@ -68,9 +63,9 @@ TEST(ImageArrayFrameTest, WalkerFindsTheImagesBehindTheLeadingFields) {
 
 TEST(ImageArrayFrameTest, RoundTripAppendsAndStopsAtADamagedImage) {
   OType_Image_Array array;
-  array.Add(ImageOf(nk::testing::GradientWithNoise(640, 480, 1), 640, 480, 1));
-  array.Add(ImageOf(nk::testing::GradientWithNoise(320, 240, 3), 320, 240, 3));
-  array.Add(ImageOf(nk::testing::FlatFieldWithDefects(1280, 1024), 1280, 1024, 1));
+  array.Add(ImageOf(GradientWithNoise(640, 480, 1), 640, 480, 1));
+  array.Add(ImageOf(GradientWithNoise(320, 240, 3), 320, 240, 3));
+  array.Add(ImageOf(FlatFieldWithDefects(1280, 1024), 1280, 1024, 1));
   array.Add(nullptr);  // written as a default image
   const Bytes written = Serialize(array);
   EXPECT_EQ(written.size(), array.GetObjectSize());
@@ -97,13 +92,13 @@ TEST(ImageArrayFrameTest, RoundTripAppendsAndStopsAtADamagedImage) {
 
 TEST(ImageArrayStorageTest, CompressionStepsAndRoundTrip) {
   OType_Image_Array array;
-  const auto gradient = nk::testing::GradientWithNoise(64, 48, 3);
+  const auto gradient = GradientWithNoise(64, 48, 3);
   for (int i = 0; i < 3; ++i) array.Add(ImageOf(gradient, 64, 48, 3));
   array.Add(nullptr);
   array[1]->iConvertData(2);
   EXPECT_EQ(array.iGetCompressProgressSteps(), 2);
 
-  nk::testing::CountingProgress progress;
+  CountingProgress progress;
   EXPECT_EQ(array.iCompressImageData(&progress), 1);
   EXPECT_EQ(progress.steps, 2);
   EXPECT_EQ(array.iGetCompressProgressSteps(), 0);
@@ -125,3 +120,4 @@ TEST(ImageArrayStorageTest, CompressionStepsAndRoundTrip) {
 }
 
 }  // namespace
+}  // namespace nk::testing

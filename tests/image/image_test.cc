@@ -10,14 +10,8 @@
 #include "nkfoundation/geometry/vector_array.h"
 #include "tests/support/bytes.h"
 
+namespace nk::testing {
 namespace {
-
-using nk::testing::Bytes;
-using nk::testing::Concat;
-using nk::testing::Deserialize;
-using nk::testing::Hex;
-using nk::testing::Serialize;
-using nk::testing::StreamOf;
 
 constexpr int kMarker = OType_Image::kInvalidPixel;
 constexpr unsigned kUMarker = 0x80000000u;
@@ -46,7 +40,7 @@ TEST(ImageGeometryTest, BottomUpIndexRule) {
       {3, 13, 20, 33}, {3, 11, 21, 15}, {2, 10, 22, kMarker}, {0, 10, 22, kMarker},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.bpp << " " << c.x << "," << c.y);
+    SCOPED_TRACE(::testing::Message() << c.bpp << " " << c.x << "," << c.y);
     const OType_Image image = Made(10, 20, 4, 3, c.bpp);
     EXPECT_EQ(image.GetDataIndex(c.x, c.y), c.index);
     EXPECT_EQ(image.GetDataIndex(At(c.x, c.y)), c.index);
@@ -318,3 +312,4 @@ TEST(ImageCreationTest, PointsPlanesGreyAndDrawing) {
 }
 
 }  // namespace
+}  // namespace nk::testing
