@@ -52,12 +52,9 @@ TEST(VectorTest, ConversionsInAndOutAsTheDeviceMakesThem) {
   EXPECT_EQ(far.fLengthSquare(), 65536.0f);
 }
 
-// Each product is rounded before the sum: a fused multiply-add, which rounds
-// once, gives a different result for every value here (checked alongside).
-// The values are chosen so that a fused multiply-add, in either order, gives
-// another result; the x86-64-v3 build, where the compiler may fuse, shows it.
-// (Not checked against std::fma here: MinGW's runtime does not round it
-// exactly.)
+// Each product is rounded before the sum: a fused multiply-add, in either
+// order, gives another result for every value here, which the x86-64-v3
+// build, where the compiler may fuse, would show.
 TEST(VectorTest, ProductsRoundBeforeTheyAreAdded) {
   const OVector small = Raw(-671372, -609335);
   EXPECT_EQ(small.fLengthSquare(), 0x1.7ec98cp+7f);
