@@ -79,9 +79,7 @@ TEST(CheckProgramInfoItem, OlderShortFramesReadWhatTheyHold) {
     EXPECT_EQ(read.m_isActivePartSet, count >= 8) << count;
     EXPECT_EQ(read.m_oUserData.GetCount(), 0) << count;
   }
-}
-
-TEST(CheckProgramInfoItem, ShortFrameWithoutInitializingKeepsValues) {
+  // Without initializing, the members the frame lacks keep their values.
   OType_CheckProgramInfoItem read = SampleItem();
   ASSERT_TRUE(Deserialize(read, Frame(0xFED04A00, Hex("2A00000000000000")), false));
   EXPECT_EQ(read.m_partSet_Size, 42u);

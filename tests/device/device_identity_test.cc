@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "nkfoundation/device/device_info.h"
 
 namespace {
@@ -49,7 +51,7 @@ TEST(DeviceIdentityTest, FirmwareTableAndFeatures) {
 TEST(DeviceIdentityTest, FirmwareVersionTextsParseWithAutomaticBase) {
   const struct {
     const char16_t* text;
-    std::uint16_t parts[4];
+    std::array<std::uint16_t, 4> parts;
   } kCases[] = {
       {u"1.1.7.300", {1, 1, 7, 300}},
       {u"1.08.0.0", {1, 0, 0, 0}},  // octal parse stops at the 8
@@ -61,10 +63,9 @@ TEST(DeviceIdentityTest, FirmwareVersionTextsParseWithAutomaticBase) {
   for (const auto& c : kCases) {
     OType_DeviceInfo info;
     EXPECT_TRUE(info.SetFirmwareVersion(c.text));
-    EXPECT_EQ(info.m_FirmwareVersion_0, c.parts[0]);
-    EXPECT_EQ(info.m_FirmwareVersion_1, c.parts[1]);
-    EXPECT_EQ(info.m_FirmwareVersion_2, c.parts[2]);
-    EXPECT_EQ(info.m_FirmwareVersion_3, c.parts[3]);
+    EXPECT_EQ((std::array{info.m_FirmwareVersion_0, info.m_FirmwareVersion_1, info.m_FirmwareVersion_2,
+                          info.m_FirmwareVersion_3}),
+              c.parts);
   }
 
   OType_DeviceInfo info;

@@ -18,24 +18,22 @@ TEST(ProcessingTimeTest, DisplayNamesAndMilliseconds) {
   const struct {
     int type;
     const char16_t* name;
-  } kCases[] = {{0, u"UNKNOWN"},   {1, u"IMAGEACQUISITION"}, {2, u"IMAGETRANSFER"}, {5, u"TOOL"},
-                {13, u"WAIT_EA"}, {255, u"DEBUG"},          {99, u"UNKNOWN"},      {-1, u"UNKNOWN"}};
+    std::uint32_t duration;
+    double ms;
+  } kCases[] = {{0, u"UNKNOWN", 1500, 1.5},  {1, u"IMAGEACQUISITION", 1500, 1.5}, {2, u"IMAGETRANSFER", 1500, 1.5},
+                {5, u"TOOL", 1500, 1.5},     {13, u"WAIT_EA", 1500, 1.5},         {255, u"DEBUG", 1500, 1.5},
+                {99, u"UNKNOWN", 1500, 1.5}, {-1, u"UNKNOWN", 1500, 1.5},
+                {0, u"UNKNOWN", 0xFFFFFFFF, 4294967.295}};
   for (const auto& c : kCases) {
     OType_ProcessingTime item(c.type, 0, u"info");
-    item.m_uiDuractionMicroSec = 1500;
+    item.m_uiDuractionMicroSec = c.duration;
     std::u16string name, info;
     double ms = 0;
     item.GetProcessingTimeData(name, ms, info);
     EXPECT_EQ(name, c.name) << c.type;
-    EXPECT_EQ(ms, 1.5);
+    EXPECT_EQ(ms, c.ms);
     EXPECT_EQ(info, u"info");
   }
-  OType_ProcessingTime longest;
-  longest.m_uiDuractionMicroSec = 0xFFFFFFFF;
-  std::u16string name, info;
-  double ms = 0;
-  longest.GetProcessingTimeData(name, ms, info);
-  EXPECT_EQ(ms, 4294967.295);
 }
 
 TEST(ProcessingTimeTest, FrameIsByteExactAndRoundTripsWithTail) {
