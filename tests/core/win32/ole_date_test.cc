@@ -109,13 +109,8 @@ TEST(OleAutomationDateTest, DatesConvertAsThePortableArithmetic) {
 
 TEST(OleAutomationDateTest, DateTypesAndTimeStampsGoThroughOleAutomation) {
   const COleDateTime date(1600, 2, 29, 6, 7, 8);
-  SYSTEMTIME time{};
-  time.wYear = 1600;
-  time.wMonth = 2;
-  time.wDay = 29;
-  time.wHour = 6;
-  time.wMinute = 7;
-  time.wSecond = 8;
+  SYSTEMTIME time{.wYear = 1600, .wMonth = 2, .wDayOfWeek = 0, .wDay = 29,
+                  .wHour = 6, .wMinute = 7, .wSecond = 8, .wMilliseconds = 0};
   DATE expected;
   ASSERT_TRUE(SystemTimeToVariantTime(&time, &expected));
   EXPECT_EQ(date.m_dt, expected);
