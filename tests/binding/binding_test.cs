@@ -129,13 +129,7 @@ static partial class BindingTest {
 
     Run("time", () => {
       var time = new OTime();
-      time.m_iYear = 2021;
-      time.m_iMonth = 7;
-      time.m_iDayOfMonth = 14;
-      time.m_iHours = 9;
-      time.m_iMinutes = 30;
-      time.m_iSeconds = 5;
-      time.m_iMicroSeconds = 250000;
+      FillTime(time);
       RoundTrip("time", time, new OTime());
     });
 
