@@ -18,43 +18,26 @@ class ProjectPropertiesRegistryTest : public ::testing::Test {
   void SetUp() override { profile::SetApplicationProfile(&profile_); }
   void TearDown() override { profile::SetApplicationProfile(nullptr); }
 
-  std::string Settings() const { return scratch_ / "Settings"; }
-
-  void Store(const char* entry, DWORD value) {
-    ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, Settings().c_str(), entry, REG_DWORD, &value, sizeof value),
-              ERROR_SUCCESS);
-  }
-
-  // The entry's DWORD as the registry holds it; -1 when missing or not a
-  // DWORD.
-  long long Stored(const char* entry) const {
-    DWORD value = 0, size = sizeof value;
-    if (RegGetValueA(HKEY_CURRENT_USER, Settings().c_str(), entry, RRF_RT_REG_DWORD, nullptr, &value, &size) !=
-        ERROR_SUCCESS) {
-      return -1;
-    }
-    return value;
-  }
+  StoredValue Stored(const wchar_t* entry) const { return scratch_.Read(u"Settings", entry); }
 
   ScratchRegistryKey scratch_{"profile"};
   OApplicationProfile_Registry profile_{u"NkFoundationTests", ToUtf16(scratch_.name())};
 };
 
 TEST_F(ProjectPropertiesRegistryTest, ReadingStoresOneZeroZeroAndReadsTheRest) {
-  EXPECT_EQ(profile_.oStrSectionKey(u"Settings"), ToUtf16(Settings()));
-  Store("PROJECT_USE_QUALITY", 0);
-  Store("PROJECT_USE_ALTERNATIVE_VALUE", 5);
-  Store("PROJECT_USE_NEWTOOLSONCAMERAIMAGE", 7);
-  Store("PROJECT_USE_MULTI_PARTSET", 0);
-  Store("PROJECT_USE_ORIENTATION", 2);
-
+  EXPECT_EQ(profile_.oStrSectionKey(u"Settings"), ToUtf16(scratch_ / "Settings"));
+  for (const auto& [entry, value] : {std::pair{L"PROJECT_USE_QUALITY", 0u}, {L"PROJECT_USE_ALTERNATIVE_VALUE", 5},
+                                     {L"PROJECT_USE_NEWTOOLSONCAMERAIMAGE", 7}, {L"PROJECT_USE_MULTI_PARTSET", 0},
+                                     {L"PROJECT_USE_ORIENTATION", 2}}) {
+    ASSERT_TRUE(scratch_.Write(u"Settings", entry, REG_DWORD, U32(value)));
+  }
   OType_ProjectProperties properties;
   properties.ReadRegistry_ProjectProperties();
-  EXPECT_EQ(Stored("PROJECT_USE_QUALITY"), 1);
-  EXPECT_EQ(Stored("PROJECT_USE_ALTERNATIVE_VALUE"), 0);
-  EXPECT_EQ(Stored("PROJECT_USE_NEWTOOLSONCAMERAIMAGE"), 0);
+  EXPECT_EQ(Stored(L"PROJECT_USE_QUALITY"), StoredDword(1));
+  EXPECT_EQ(Stored(L"PROJECT_USE_ALTERNATIVE_VALUE"), StoredDword(0));
+  EXPECT_EQ(Stored(L"PROJECT_USE_NEWTOOLSONCAMERAIMAGE"), StoredDword(0));
   // Entries that are only read are not created.
-  EXPECT_EQ(Stored("UPDATE_PROJECTDESCRIPTION"), -1);
+  EXPECT_EQ(Stored(L"UPDATE_PROJECTDESCRIPTION").first, static_cast<DWORD>(REG_NONE));
 
   EXPECT_TRUE(properties.bUseQuality());
   EXPECT_TRUE(properties.bUseAlternativeValue());
@@ -69,11 +52,10 @@ TEST_F(ProjectPropertiesRegistryTest, WritingStoresDwords) {
   OType_ProjectProperties properties;
   properties.m_bProject_Use_Orientations = false;
   properties.WriteRegistry_ProjectProperties();
-  EXPECT_EQ(Stored("PROJECT_USE_ORIENTATION"), 0);
-  EXPECT_EQ(Stored("UPDATE_PROJECTDESCRIPTION"), 1);
+  EXPECT_EQ(Stored(L"PROJECT_USE_ORIENTATION"), StoredDword(0));
+  EXPECT_EQ(Stored(L"UPDATE_PROJECTDESCRIPTION"), StoredDword(1));
   // A value of another type counts as missing.
-  ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, Settings().c_str(), "PROJECT_USE_TYPES", REG_SZ, "1", 2),
-            ERROR_SUCCESS);
+  ASSERT_TRUE(scratch_.Write(u"Settings", L"PROJECT_USE_TYPES", REG_SZ, Hex("31000000")));
   EXPECT_EQ(profile_.iGetProfileInt(u"Settings", u"PROJECT_USE_TYPES", -3), -3);
 }
 

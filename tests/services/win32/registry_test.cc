@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -14,76 +13,62 @@
 namespace nk::testing {
 namespace {
 
-Bytes BytesOf(const OType_RegistryValue& value) {
-  return Bytes(value.GetData(), value.GetData() + value.GetSize());
-}
+using Strings = std::vector<std::u16string>;
 
-WritableCollection<std::u16string> Strings(std::vector<std::u16string> strings) {
+Bytes BytesOf(const OType_RegistryValue& value) { return Bytes(value.GetData(), value.GetData() + value.GetSize()); }
+WritableCollection<std::u16string> Collect(Strings strings) {
   return WritableCollection<std::u16string>(std::move(strings));
-}
-
-std::wstring ToWide(const std::string& ascii) { return std::wstring(ascii.begin(), ascii.end()); }
-
-std::vector<std::u16string> Elements(const WritableCollection<std::u16string>& strings) {
-  return strings;
 }
 
 TEST(RegistryValueTest, SettersStoreTypeAndExactBytes) {
   unsigned char block[] = {0xDE, 0xAD, 0xBE};
   const wchar_t* wide[] = {L"ab", nullptr, L"c"};
-  OType_RegistryValue dword(0x12345678ul), text("abc"), binary(block, 3), multi(Strings({u"ab", u"", u"c"}));
+  OType_RegistryValue dword(0x12345678ul), text("abc"), binary(block, 3), multi(Collect({u"ab", u"", u"c"})),
+      expand(1ul), wide_multi(1ul), no_strings(1ul);
+  expand.SetValue(nullptr, true);
+  wide_multi.SetValue(wide, 3);
+  no_strings.SetValue(wide, 0);
+  // Every string of a multi-string with its zero unit, then one more.
+  const Bytes ab_empty_c = Hex("61006200 0000 0000 6300 0000 0000");
   const struct {
     const OType_RegistryValue& value;
     unsigned long type;
     Bytes bytes;
   } kCases[] = {
-      {dword, REG_DWORD, Hex("78563412")},
-      {text, REG_SZ, Hex("61626300")},
-      {binary, REG_BINARY, Hex("DEADBE")},
-      // Every string with its zero unit, then one more.
-      {multi, REG_MULTI_SZ, Hex("61006200 0000 0000 6300 0000 0000")},
+      {dword, REG_DWORD, Hex("78563412")},      {text, REG_SZ, Hex("61626300")},
+      {binary, REG_BINARY, Hex("DEADBE")},      {multi, REG_MULTI_SZ, ab_empty_c},
+      {expand, REG_EXPAND_SZ, Hex("00")},       {wide_multi, REG_MULTI_SZ, ab_empty_c},
+      {no_strings, REG_MULTI_SZ, Hex("00000000")},
   };
   for (const auto& expected : kCases) {
     EXPECT_EQ(expected.value.GetType(), expected.type);
     EXPECT_EQ(BytesOf(expected.value), expected.bytes);
   }
-
-  OType_RegistryValue value(1ul);
-  value.SetValue(nullptr, true);
-  EXPECT_EQ(value.GetType(), static_cast<unsigned long>(REG_EXPAND_SZ));
-  EXPECT_EQ(BytesOf(value), Hex("00"));
-  value.SetValue(wide, 3);
-  EXPECT_EQ(BytesOf(value), BytesOf(multi));
-  value.SetValue(wide, 0);
-  EXPECT_EQ(BytesOf(value), Hex("00000000"));
 }
 
 TEST(RegistryValueTest, GettersAcceptOnlyTheirTypesAndLeaveOutputsOtherwise) {
   unsigned char block[] = {1, 2, 3, 4};
   OType_RegistryValue dword(7ul), text("abc"), binary(block, 4);
-
   std::string string = "keep";
   unsigned long number = 99;
   unsigned char out[4] = {9, 9, 9, 9};
   unsigned char* out_pointer = out;
-  WritableCollection<std::u16string> strings = Strings({u"keep"});
+  WritableCollection<std::u16string> strings = Collect({u"keep"});
   EXPECT_FALSE(dword.GetValue(string));
   EXPECT_FALSE(text.GetValue(number));
   EXPECT_FALSE(text.GetValue(out_pointer, 4));
   EXPECT_FALSE(binary.GetValue(strings));
   EXPECT_FALSE(binary.GetValue(out_pointer, 3));  // not the stored size
-  EXPECT_EQ(string, "keep");
-  EXPECT_EQ(number, 99ul);
+  EXPECT_EQ(std::tie(string, number), std::make_tuple(std::string("keep"), 99ul));
   EXPECT_EQ(Bytes(out, out + 4), Hex("09090909"));
-  EXPECT_EQ(Elements(strings), std::vector<std::u16string>{u"keep"});
-
+  EXPECT_EQ(Strings(strings), Strings{u"keep"});
   EXPECT_TRUE(binary.GetValue(out_pointer, 4));
   EXPECT_EQ(Bytes(out, out + 4), Hex("01020304"));
 
   // The multi-string splits at its double terminator; non-BMP text survives.
-  OType_RegistryValue multi(Strings({u"one", u"\U0001F600x", u"", u"lost"}));
+  OType_RegistryValue multi(Collect({u"one", u"\U0001F600x", u"", u"lost"}));
   ASSERT_TRUE(multi.GetValue(strings));
-  EXPECT_EQ(Elements(strings), (std::vector<std::u16string>{u"one", u"\U0001F600x"}));
+  EXPECT_EQ(Strings(strings), (Strings{u"one", u"\U0001F600x"}));
   const wchar_t* first = nullptr;
   ASSERT_TRUE(multi.GetValue(first));
   EXPECT_EQ(std::wstring(first), L"one");
@@ -108,21 +93,16 @@ TEST_F(RegistryTest, SavesAndLoadsEveryKindOfValue) {
   ASSERT_TRUE(connected.SaveKey(Key(), "dword", 0xCAFEul));
   ASSERT_TRUE(registry_.SaveKey(Key(), "text", "hello"));
   ASSERT_TRUE(OType_Registry::SaveKey(Key(), "binary", block, 16, HKEY_CURRENT_USER));
-  ASSERT_TRUE(registry_.SaveKey(Key(), "multi", OType_RegistryValue(Strings({u"a", u"bc"}))));
+  ASSERT_TRUE(registry_.SaveKey(Key(), "multi", OType_RegistryValue(Collect({u"a", u"bc"}))));
 
-  // Written with their types, as other programs see them.
-  DWORD type = 0, stored = 0, size = sizeof stored;
-  ASSERT_EQ(RegGetValueA(HKEY_CURRENT_USER, Key(), "dword", RRF_RT_ANY, &type, &stored, &size), ERROR_SUCCESS);
-  EXPECT_EQ(type, static_cast<DWORD>(REG_DWORD));
-  EXPECT_EQ(stored, 0xCAFEu);
-  // Through the ANSI calls every byte of the UTF-16 multi-string is widened
-  // on the way in and narrowed on the way out: it round-trips through this
-  // class, while wide readers see twice the bytes.
-  size = 0;
-  ASSERT_EQ(RegGetValueW(HKEY_CURRENT_USER, ToWide(Key()).c_str(), L"multi", RRF_RT_ANY, &type, nullptr, &size),
-            ERROR_SUCCESS);
-  EXPECT_EQ(type, static_cast<DWORD>(REG_MULTI_SZ));
-  EXPECT_EQ(size, 2u * 12);  // "a", "bc" and the end unit: 12 bytes
+  // Written with their types, as other programs see them. Through the ANSI
+  // calls every byte of the UTF-16 multi-string is widened on the way in and
+  // narrowed on the way out: it round-trips through this class, while wide
+  // readers see twice the bytes.
+  EXPECT_EQ(scratch_.Read(u"", L"dword"), StoredDword(0xCAFE));
+  const StoredValue multi_stored = scratch_.Read(u"", L"multi");
+  EXPECT_EQ(multi_stored.first, static_cast<DWORD>(REG_MULTI_SZ));
+  EXPECT_EQ(multi_stored.second.size(), 2u * 12);  // "a", "bc" and the end unit: 12 bytes
 
   unsigned long number = 0;
   std::string text;
@@ -133,27 +113,18 @@ TEST_F(RegistryTest, SavesAndLoadsEveryKindOfValue) {
   EXPECT_TRUE(OType_Registry::LoadKey(Key(), "text", text, HKEY_CURRENT_USER));
   EXPECT_TRUE(registry_.LoadKey(Key(), "binary", read, 16));
   ASSERT_TRUE(registry_.LoadKey(Key(), "multi", multi));
-  EXPECT_EQ(number, 0xCAFEul);
-  EXPECT_EQ(text, "hello");
+  EXPECT_EQ(std::tie(number, text), std::make_tuple(0xCAFEul, std::string("hello")));
   EXPECT_EQ(Bytes(read, read + 16), Bytes(block, block + 16));
   ASSERT_TRUE(multi.GetValue(strings));
-  EXPECT_EQ(Elements(strings), (std::vector<std::u16string>{u"a", u"bc"}));
+  EXPECT_EQ(Strings(strings), (Strings{u"a", u"bc"}));
 }
 
 TEST_F(RegistryTest, LoadsKeepStoredBytesAndRefuseWhatDoesNotFit) {
-  HKEY key = nullptr;
-  ASSERT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, Key(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr),
-            ERROR_SUCCESS);
-  const BYTE big_endian[] = {0x12, 0x34, 0x56, 0x78};
-  BYTE sixteen[16] = {};
-  RegSetValueExA(key, "big", 0, REG_DWORD_BIG_ENDIAN, big_endian, 4);
-  RegSetValueExA(key, "sixteen", 0, REG_BINARY, sixteen, 16);
-  RegCloseKey(key);
-
-  // Not swapped: the bytes as stored.
+  ASSERT_TRUE(scratch_.Write(u"", L"big", REG_DWORD_BIG_ENDIAN, Hex("12345678")));
+  ASSERT_TRUE(scratch_.Write(u"", L"sixteen", REG_BINARY, Bytes(16)));
   unsigned long number = 0;
   EXPECT_TRUE(registry_.LoadKey(Key(), "big", number));
-  EXPECT_EQ(number, 0x78563412ul);
+  EXPECT_EQ(number, 0x78563412ul);  // not swapped: the bytes as stored
 
   unsigned char eight[8] = {5, 5, 5, 5, 5, 5, 5, 5};
   std::string text = "keep";
@@ -162,14 +133,11 @@ TEST_F(RegistryTest, LoadsKeepStoredBytesAndRefuseWhatDoesNotFit) {
   EXPECT_FALSE(registry_.LoadKey(Key(), "sixteen", text));
   EXPECT_FALSE(registry_.LoadKey(Key(), "missing", number));
   EXPECT_EQ(Bytes(eight, eight + 8), Hex("0505050505050505"));
-  EXPECT_EQ(text, "keep");
-  EXPECT_EQ(number, 1ul);
+  EXPECT_EQ(std::tie(text, number), std::make_tuple(std::string("keep"), 1ul));
 }
 
 TEST_F(RegistryTest, DeletesValuesAndWholeTreesAndCountsEntries) {
-  for (const char* below : {"a\\b\\c", "a\\b\\d", "a\\e"}) {
-    ASSERT_TRUE(registry_.SaveKey(Key(below).c_str(), "v", 1ul));
-  }
+  for (const char* below : {"a\\b\\c", "a\\b\\d", "a\\e"}) ASSERT_TRUE(registry_.SaveKey(Key(below).c_str(), "v", 1ul));
   ASSERT_TRUE(registry_.SaveKey(Key("a").c_str(), "w", "x"));
   unsigned long keys = 9, values = 9;
   EXPECT_TRUE(registry_.HasEntries(Key("a").c_str(), &keys, &values));
@@ -196,18 +164,19 @@ class CollectingRegistry : public OType_Registry {
                   unsigned short depth) override {
     unsigned long number = 0;
     value.GetValue(number);
-    hits.push_back(std::string(keyPath) + "|" + valueName + "=" + std::to_string(number) + "@" +
-                   std::to_string(depth));
-    return hits.size() < limit_;
+    return Hit(std::string(keyPath) + "|" + valueName + "=" + std::to_string(number), depth);
   }
   bool OnKeyHit(const char* subKeyName, unsigned short depth) override {
-    hits.push_back(std::string("key ") + subKeyName + "@" + std::to_string(depth));
-    return hits.size() < limit_;
+    return Hit(std::string("key ") + subKeyName, depth);
   }
 
   std::vector<std::string> hits;
 
  private:
+  bool Hit(const std::string& what, unsigned short depth) {
+    hits.push_back(what + "@" + std::to_string(depth));
+    return hits.size() < limit_;
+  }
   std::size_t limit_;
 };
 
@@ -215,15 +184,14 @@ TEST_F(RegistryTest, WalkVisitsTheTreeDepthFirstAndStopsOnFalse) {
   ASSERT_TRUE(registry_.SaveKey(Key(), "top", 1ul));
   ASSERT_TRUE(registry_.SaveKey(Key("b\\c").c_str(), "deep", 3ul));
   ASSERT_TRUE(registry_.SaveKey(Key("b").c_str(), "mid", 2ul));
-
-  const std::string root = scratch_.path();
+  const std::string top = scratch_.path() + "|top=1@0", mid = Key("b") + "|mid=2@1", deep = Key("b\\c") + "|deep=3@2";
+  const unsigned int both = OType_Registry::kWalkValues | OType_Registry::kWalkKeys;
   const struct {
     unsigned int flags;
     std::vector<std::string> hits;
   } kCases[] = {
-      {OType_Registry::kWalkValues | OType_Registry::kWalkKeys,
-       {root + "|top=1@0", "key b@0", root + "\\b|mid=2@1", "key c@1", root + "\\b\\c|deep=3@2"}},
-      {OType_Registry::kWalkValues, {root + "|top=1@0", root + "\\b|mid=2@1", root + "\\b\\c|deep=3@2"}},
+      {both, {top, "key b@0", mid, "key c@1", deep}},
+      {OType_Registry::kWalkValues, {top, mid, deep}},
       {OType_Registry::kWalkKeys, {"key b@0", "key c@1"}},
       {0, {}},
   };
@@ -234,7 +202,7 @@ TEST_F(RegistryTest, WalkVisitsTheTreeDepthFirstAndStopsOnFalse) {
   }
 
   CollectingRegistry stopping(2);
-  EXPECT_FALSE(stopping.RegistryTreeWalk(Key(), OType_Registry::kWalkValues | OType_Registry::kWalkKeys));
+  EXPECT_FALSE(stopping.RegistryTreeWalk(Key(), both));
   EXPECT_EQ(stopping.hits.size(), 2u);
   // The base class stops at its first hit; an empty key has none.
   EXPECT_FALSE(registry_.RegistryTreeWalk(Key(), OType_Registry::kWalkValues));
