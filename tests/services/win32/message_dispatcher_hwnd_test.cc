@@ -3,53 +3,48 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <memory>
 #include <utility>
 #include <vector>
 
 namespace nk::testing {
 namespace {
 
+// (wParam, lParam read back as int) of each WM_COMMAND, in order.
+using Received = std::vector<std::pair<WPARAM, int>>;
+
 // A message-only window that records the WM_COMMAND messages it receives and
 // answers each with a fixed result.
 class CommandRecorder {
  public:
   explicit CommandRecorder(LRESULT answer) : answer_(answer) {
-    hwnd_ = CreateWindowExW(0, ClassName(), L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    [[maybe_unused]] static const ATOM registered = [] {
+      WNDCLASSW window_class{};
+      window_class.lpfnWndProc = &Procedure;
+      window_class.lpszClassName = kClass;
+      return RegisterClassW(&window_class);
+    }();
+    hwnd_ = CreateWindowExW(0, kClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     SetWindowLongPtrW(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   }
   CommandRecorder(const CommandRecorder&) = delete;
   CommandRecorder& operator=(const CommandRecorder&) = delete;
-  ~CommandRecorder() {
-    if (IsWindow(hwnd_)) DestroyWindow(hwnd_);
-  }
+  ~CommandRecorder() { DestroyWindow(hwnd_); }
 
   HWND hwnd() const { return hwnd_; }
-  // (wParam, lParam read back as int) of each WM_COMMAND, in order.
-  const std::vector<std::pair<WPARAM, int>>& received() const { return received_; }
+  Received received;
 
  private:
-  static const wchar_t* ClassName() {
-    static const ATOM atom = [] {
-      WNDCLASSEXW window_class{};
-      window_class.cbSize = sizeof(window_class);
-      window_class.lpfnWndProc = &Procedure;
-      window_class.lpszClassName = L"NkfCommandRecorder";
-      return RegisterClassExW(&window_class);
-    }();
-    return atom != 0 ? L"NkfCommandRecorder" : nullptr;
-  }
+  static constexpr const wchar_t* kClass = L"NkfCommandRecorder";
 
   static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
     auto* self = reinterpret_cast<CommandRecorder*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
     if (message != WM_COMMAND || self == nullptr) return DefWindowProcW(hwnd, message, wparam, lparam);
-    self->received_.emplace_back(wparam, static_cast<int>(lparam));
+    self->received.emplace_back(wparam, static_cast<int>(lparam));
     return self->answer_;
   }
 
   HWND hwnd_ = nullptr;
   LRESULT answer_;
-  std::vector<std::pair<WPARAM, int>> received_;
 };
 
 // Delivers what was posted to this thread's windows.
@@ -58,14 +53,9 @@ void PumpMessages() {
   while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&msg);
 }
 
-using Received = std::vector<std::pair<WPARAM, int>>;
-
 TEST(MessageDispatcherHwndTest, WindowsAreKeptOnlyWhileTheyExist) {
   CommandRecorder window(0);
-  auto gone = std::make_unique<CommandRecorder>(0);
-  const HWND destroyed = gone->hwnd();
-  gone.reset();
-
+  const HWND destroyed = CommandRecorder(0).hwnd();  // gone with its recorder
   OMessageDispatcher_HWND dispatcher(window.hwnd());
   EXPECT_EQ(dispatcher.GetMessageWnd(), window.hwnd());
   EXPECT_FALSE(dispatcher.SetMessageWnd(destroyed));
@@ -81,68 +71,50 @@ TEST(MessageDispatcherHwndTest, WindowsAreKeptOnlyWhileTheyExist) {
 // message window 22; a successful post answers 1.
 TEST(MessageDispatcherHwndTest, SyncAndAsyncReachTheWindowsByTheReturnRules) {
   const struct {
-    bool temp;
-    bool main;
-    bool both;
-    int sync_result;
-    int async_result;
-    bool temp_receives;
-    bool main_receives;
+    bool temp, main, both;
+    int sync_result, async_result;
+    bool temp_receives, main_receives;
   } kCases[] = {
-      {false, false, false, 0, 0, false, false},  //
-      {false, false, true, 0, 0, false, false},   //
-      {false, true, false, 22, 1, false, true},   //
-      {false, true, true, 22, 0, false, true},    //
-      {true, false, false, 11, 1, true, false},   //
-      {true, false, true, 11, 0, true, false},    //
-      {true, true, false, 11, 1, true, false},    //
-      {true, true, true, 22, 0, true, true},      //
+      {false, false, false, 0, 0, false, false}, {false, false, true, 0, 0, false, false},
+      {false, true, false, 22, 1, false, true},  {false, true, true, 22, 0, false, true},
+      {true, false, false, 11, 1, true, false},  {true, false, true, 11, 0, true, false},
+      {true, true, false, 11, 1, true, false},   {true, true, true, 22, 0, true, true},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(::testing::Message() << "temp " << c.temp << " main " << c.main << " both " << c.both);
-    CommandRecorder temp(11);
-    CommandRecorder main(22);
+    CommandRecorder temp(11), main(22);
     OMessageDispatcher_HWND dispatcher;
     if (c.temp) dispatcher.SetTempMessageWnd(temp.hwnd());
     if (c.main) dispatcher.SetMessageWnd(main.hwnd());
+    const Received once = {{0x8001, -3}}, twice = {{0x8001, -3}, {0x8002, 70000}};
 
     EXPECT_EQ(dispatcher.DispatchMessageData_Sync(0x8001, -3, c.both), c.sync_result);
-    const Received once = {{0x8001, -3}};
-    EXPECT_EQ(temp.received(), c.temp_receives ? once : Received{});
-    EXPECT_EQ(main.received(), c.main_receives ? once : Received{});
-
     EXPECT_EQ(dispatcher.DispatchMessageData_Async(0x8002, 70000, c.both), c.async_result);
-    // Posted: nothing arrives before the queue is pumped.
-    EXPECT_EQ(temp.received().size() + main.received().size(), (c.temp_receives ? 1u : 0u) + (c.main_receives ? 1u : 0u));
+    // Posted: nothing more arrives before the queue is pumped.
+    EXPECT_EQ(temp.received, c.temp_receives ? once : Received{});
+    EXPECT_EQ(main.received, c.main_receives ? once : Received{});
     PumpMessages();
-    const Received twice = {{0x8001, -3}, {0x8002, 70000}};
-    EXPECT_EQ(temp.received(), c.temp_receives ? twice : Received{});
-    EXPECT_EQ(main.received(), c.main_receives ? twice : Received{});
+    EXPECT_EQ(temp.received, c.temp_receives ? twice : Received{});
+    EXPECT_EQ(main.received, c.main_receives ? twice : Received{});
   }
 }
 
 TEST(MessageDispatcherHwndTest, OneArgumentFormsCarryTheDefaultDataToOneWindow) {
-  CommandRecorder temp(11);
-  CommandRecorder main(22);
+  CommandRecorder temp(11), main(22);
   OMessageDispatcher_HWND dispatcher(main.hwnd());
-  EXPECT_EQ(dispatcher.GetDefaultMessageData(), 0);
   dispatcher.SetDefaultMessageData(7);
-  EXPECT_EQ(dispatcher.GetDefaultMessageData(), 7);
-
   EXPECT_EQ(dispatcher.DispatchMessage_Sync(5), 22);
   EXPECT_EQ(dispatcher.DispatchMessage_Async(6), 1);
   dispatcher.SetTempMessageWnd(temp.hwnd());
   EXPECT_EQ(dispatcher.DispatchMessage_Sync(8), 11);  // not both: the temporary window only
   PumpMessages();
-  EXPECT_EQ(main.received(), (Received{{5, 7}, {6, 7}}));
-  EXPECT_EQ(temp.received(), (Received{{8, 7}}));
+  EXPECT_EQ(main.received, (Received{{5, 7}, {6, 7}}));
+  EXPECT_EQ(temp.received, (Received{{8, 7}}));
 }
 
 TEST(MessageDispatcherHwndTest, IsAWindowDispatcherThatAsksNothing) {
   OMessageDispatcher_HWND dispatcher;
   EXPECT_EQ(dispatcher.GetDispatcherType(), OMessageDispatcher::kWindow);
-  dispatcher.SetVerbosityLevel(interaction::kWarning);
-  EXPECT_EQ(dispatcher.GetVerbosityLevel(), interaction::kWarning);
   const UserInteractionRequest request(u"title", u"message", interaction::kQuestion, false, u"yes", u"no", Uuid(),
                                        false, interaction::kEssential);
   EXPECT_EQ(dispatcher.RequestUserInteraction(request), interaction::kNotAsked);
