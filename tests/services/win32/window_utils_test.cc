@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <map>
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 #include <vector>
 
@@ -11,15 +12,14 @@ namespace nk::testing {
 namespace {
 
 TEST(EnableAllDialogControlsTest, ReachesDirectChildrenOnly) {
-  HWND dialog = CreateWindowExW(0, L"STATIC", L"dialog", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr, nullptr,
-                                nullptr, nullptr);
-  ASSERT_NE(dialog, nullptr);
-  const auto child_of = [](HWND parent, const wchar_t* window_class) {
-    return CreateWindowExW(0, window_class, L"", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, parent, nullptr, nullptr,
-                           nullptr);
+  const auto window = [](HWND parent, const wchar_t* window_class) {
+    return CreateWindowExW(0, window_class, L"", parent ? WS_CHILD | WS_VISIBLE : WS_OVERLAPPEDWINDOW, 0, 0, 50, 20,
+                           parent, nullptr, nullptr, nullptr);
   };
-  const HWND controls[] = {child_of(dialog, L"BUTTON"), child_of(dialog, L"EDIT"), child_of(dialog, L"STATIC")};
-  const HWND grandchild = child_of(controls[2], L"BUTTON");
+  const HWND dialog = window(nullptr, L"STATIC");
+  ASSERT_NE(dialog, nullptr);
+  const HWND controls[] = {window(dialog, L"BUTTON"), window(dialog, L"EDIT"), window(dialog, L"STATIC")};
+  const HWND grandchild = window(controls[2], L"BUTTON");
   ASSERT_NE(grandchild, nullptr);
   EnableWindow(controls[1], FALSE);  // mixed states become one
 
@@ -27,7 +27,6 @@ TEST(EnableAllDialogControlsTest, ReachesDirectChildrenOnly) {
   for (HWND control : controls) EXPECT_FALSE(IsWindowEnabled(control));
   EXPECT_TRUE(IsWindowEnabled(grandchild));
   EXPECT_TRUE(IsWindowEnabled(dialog));
-
   EnableWindow(grandchild, FALSE);
   utils::EnableAllDialogControls(CWnd::FromHandle(dialog), true);
   for (HWND control : controls) EXPECT_TRUE(IsWindowEnabled(control));
@@ -37,7 +36,6 @@ TEST(EnableAllDialogControlsTest, ReachesDirectChildrenOnly) {
   utils::EnableAllDialogControls(CWnd::FromHandle(grandchild), true);
   EXPECT_FALSE(IsWindowEnabled(grandchild));
   utils::EnableAllDialogControls(nullptr, false);
-
   DestroyWindow(dialog);
   CWnd::DeleteTempMap();
 }
@@ -47,8 +45,7 @@ TEST(EnableAllDialogControlsTest, ReachesDirectChildrenOnly) {
 class RecordingTarget : public CWnd {
  public:
   struct Update {
-    UINT id;
-    UINT index;
+    UINT id, index;
     HMENU menu;
     UINT index_max;
     bool operator==(const Update&) const = default;
@@ -65,30 +62,25 @@ class RecordingTarget : public CWnd {
     auto* state = static_cast<CCmdUI*>(pExtra);
     updates.push_back({nID, state->m_nIndex, state->m_pMenu->m_hMenu, state->m_nIndexMax});
     EXPECT_EQ(state->m_pSubMenu, nullptr);
-    bool enable = true;
-    for (UINT id : disable) enable = enable && id != nID;
-    state->Enable(enable ? TRUE : FALSE);
+    state->Enable(std::find(disable.begin(), disable.end(), nID) == disable.end() ? TRUE : FALSE);
     return TRUE;
   }
 };
 
+// `menu` with the items appended, each as (flags, id or popup handle).
+HMENU Filled(HMENU menu, std::initializer_list<std::pair<UINT, UINT_PTR>> items) {
+  for (const auto& [flags, id] : items) AppendMenuW(menu, flags, id, L"item");
+  return menu;
+}
+
+std::pair<UINT, UINT_PTR> Popup(HMENU menu) { return {MF_POPUP, reinterpret_cast<UINT_PTR>(menu)}; }
+
 bool IsGrayed(HMENU menu, UINT id) { return (GetMenuState(menu, id, MF_BYCOMMAND) & MF_GRAYED) != 0; }
 
 TEST(CmdRouteMenuTest, UpdatesEveryCommandItemDepthFirstAndSkipsSeparators) {
-  // File(101, separator, Recent(111, 112), 102), 0xFFFF, 103
-  HMENU recent = CreatePopupMenu();
-  AppendMenuW(recent, MF_STRING, 111, L"one");
-  AppendMenuW(recent, MF_STRING, 112, L"two");
-  HMENU file = CreatePopupMenu();
-  AppendMenuW(file, MF_STRING, 101, L"open");
-  AppendMenuW(file, MF_SEPARATOR, 0, nullptr);
-  AppendMenuW(file, MF_POPUP, reinterpret_cast<UINT_PTR>(recent), L"recent");
-  AppendMenuW(file, MF_STRING, 102, L"save");
-  HMENU bar = CreateMenu();
-  AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"file");
-  AppendMenuW(bar, MF_STRING, 0xFFFF, L"no command");
-  AppendMenuW(bar, MF_STRING, 103, L"help");
-
+  const HMENU recent = Filled(CreatePopupMenu(), {{MF_STRING, 111}, {MF_STRING, 112}});
+  const HMENU file = Filled(CreatePopupMenu(), {{MF_STRING, 101}, {MF_SEPARATOR, 0}, Popup(recent), {MF_STRING, 102}});
+  const HMENU bar = Filled(CreateMenu(), {Popup(file), {MF_STRING, 0xFFFF}, {MF_STRING, 103}});
   RecordingTarget target;
   target.disable = {102, 111};
   utils::CmdRouteMenu(&target, CMenu::FromHandle(bar));
@@ -97,11 +89,7 @@ TEST(CmdRouteMenuTest, UpdatesEveryCommandItemDepthFirstAndSkipsSeparators) {
       {101, 0, file, 4}, {111, 0, recent, 2}, {112, 1, recent, 2}, {102, 3, file, 4}, {103, 2, bar, 3}};
   EXPECT_EQ(target.updates, expected);
   EXPECT_TRUE(target.other_codes.empty());
-  EXPECT_TRUE(IsGrayed(bar, 102));
-  EXPECT_TRUE(IsGrayed(bar, 111));
-  EXPECT_FALSE(IsGrayed(bar, 101));
-  EXPECT_FALSE(IsGrayed(bar, 112));
-  EXPECT_FALSE(IsGrayed(bar, 103));
+  for (UINT id : {101, 102, 103, 111, 112}) EXPECT_EQ(IsGrayed(bar, id), id == 102 || id == 111) << id;
 
   // No target, no menu, or a handle that is no menu: nothing is routed.
   target.updates.clear();
@@ -114,10 +102,7 @@ TEST(CmdRouteMenuTest, UpdatesEveryCommandItemDepthFirstAndSkipsSeparators) {
 }
 
 TEST(CmdUiTest, DoUpdateDisablesItemsThatNoHandlerServedWhenAsked) {
-  HMENU menu = CreatePopupMenu();
-  AppendMenuW(menu, MF_STRING, 201, L"served");
-  AppendMenuW(menu, MF_STRING, 202, L"unserved");
-  RecordingTarget target;
+  const HMENU menu = Filled(CreatePopupMenu(), {{MF_STRING, 201}, {MF_STRING, 202}});
   CCmdUI state;
   state.m_pMenu = CMenu::FromHandle(menu);
   state.m_nIndexMax = 2;
@@ -127,6 +112,7 @@ TEST(CmdUiTest, DoUpdateDisablesItemsThatNoHandlerServedWhenAsked) {
   state.DoUpdate(&no_handlers, TRUE);
   EXPECT_TRUE(IsGrayed(menu, 202));
   // A handler that sets the state decides.
+  RecordingTarget target;
   EnableMenuItem(menu, 201, MF_BYCOMMAND | MF_GRAYED);
   state.m_nIndex = 0;
   state.m_nID = 201;
