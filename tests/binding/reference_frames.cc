@@ -38,10 +38,12 @@ void FillTime(OTime& time) {
   time.m_iMicroSeconds = 250000;
 }
 
-void FillDevice(OType_DeviceInfo& device, int build) {
-  device.SetFirmwareVersion(u"2.1.0." + std::u16string(1, static_cast<char16_t>(u'0' + build)));
-  device.SetProductType_NOCCode(u"NOC \U0001F600");
-  device.m_oUserData.Add(0xA5);
+std::shared_ptr<OType_DeviceInfo> Device(int build) {
+  auto device = std::make_shared<OType_DeviceInfo>();
+  device->SetFirmwareVersion(u"2.1.0." + std::u16string(1, static_cast<char16_t>(u'0' + build)));
+  device->SetProductType_NOCCode(u"NOC \U0001F600");
+  device->m_oUserData.Add(0xA5);
+  return device;
 }
 
 // A grey 4 x 3 ramp and a colour 2 x 2 image; pixels are written through the
@@ -87,15 +89,10 @@ int main() {
   FillTime(time);
   PrintFrame("time", time);
 
-  OType_DeviceInfo device;
-  FillDevice(device, 7);
-  PrintFrame("device", device);
+  PrintFrame("device", *Device(7));
   OType_DeviceInfoArray devices;
-  for (int build = 1; build <= 2; ++build) {
-    auto record = std::make_shared<OType_DeviceInfo>();
-    FillDevice(*record, build);
-    devices.Add(record);
-  }
+  devices.Add(Device(1));
+  devices.Add(Device(2));
   PrintFrame("devices", devices);
 
   PrintFrame("image", *GreyImage());
