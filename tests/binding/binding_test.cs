@@ -5,28 +5,30 @@
 //
 //   mono nkfoundation_binding_test.exe <file written by reference_frames>
 using System;
+using System.Collections;
 using System.Collections.Generic;
+using System.Globalization;
 using System.IO;
-using System.Text;
+using System.Linq;
+using System.Reflection;
 using NativeInterface.NkKernel.Foundation.Base;
+using static NativeInterface.NkKernel.Foundation.Base.NativeInterfaceNkKernelFoundationBase;
 
 class ManagedDispatcher : OMessageDispatcher {
   public readonly List<string> Received = new List<string>();
 
   public override int DispatchMessageData_Sync(uint msg, int data, bool both) {
-    Received.Add(string.Format("{0}/{1}/{2}", msg, data, both));
+    Received.Add(msg + "/" + data + "/" + both);
     return 7;
   }
 
-  public override int GetDispatcherType() {
-    return (int)OMessageDispatcher.MessageDispatcherType.kManaged;
-  }
+  public override int GetDispatcherType() => (int)MessageDispatcherType.kManaged;
 }
 
 static partial class BindingTest {
   static int passed;
   static int failed;
-  static Dictionary<string, string> reference = new Dictionary<string, string>();
+  static Dictionary<string, string> reference;  // object name -> the native frame in hex
 
   static void Check(string name, bool ok, string detail = "") {
     if (ok) {
@@ -37,6 +39,13 @@ static partial class BindingTest {
     }
   }
 
+  static string Text(object value) => string.Format(CultureInfo.InvariantCulture, "{0}", value);
+
+  // Compares the texts of two values, so that a failure shows both.
+  static void Same(string name, object actual, object expected) {
+    Check(name, Text(actual) == Text(expected), "\"" + Text(actual) + "\", expected \"" + Text(expected) + "\"");
+  }
+
   static void Run(string name, Action test) {
     try {
       test();
@@ -45,89 +54,90 @@ static partial class BindingTest {
     }
   }
 
-  static string Hex(OByteList bytes) {
-    var text = new StringBuilder();
-    for (int i = 0; i < bytes.GetCount(); ++i) text.Append(bytes.GetAt(i).ToString("x2"));
-    return text.ToString();
+  static OByteList Bytes(params byte[] values) {
+    var list = new OByteList();
+    foreach (byte b in values) list.Add(b);
+    return list;
   }
 
-  static string Frame(AFactorable obj) {
+  static string Hex(OByteList bytes) =>
+      string.Concat(Enumerable.Range(0, bytes.GetCount()).Select(i => bytes.GetAt(i).ToString("x2")));
+
+  static byte[] ParseHex(string hex) =>
+      Enumerable.Range(0, hex.Length / 2).Select(i => Convert.ToByte(hex.Substring(2 * i, 2), 16)).ToArray();
+
+  // What a foreach over a proxy list yields, comma-separated.
+  static string Joined<T>(IEnumerable items, Func<T, object> text) =>
+      string.Join(",", items.Cast<T>().Select(item => Text(text(item))));
+
+  static string Frame(Func<OByteStream, bool> write) {
     using (var stream = new OByteStream_Memory()) {
-      Check("AddObjectData result", obj.AddObjectData(stream));
+      Check("AddObjectData result", write(stream));
       return Hex(stream.GetBuffer());
     }
   }
 
-  // Writes `written`, compares with the native frame of `name`, reads the
-  // bytes into `fresh`, and compares fresh's frame again.
-  static void RoundTrip(string name, AFactorable written, AFactorable fresh) {
-    string frame = Frame(written);
-    Check(name + " frame equals the native one", frame == reference[name], frame + " vs " + reference[name]);
-    using (var stream = new OByteStream_Memory()) {
-      written.AddObjectData(stream);
-      using (var source = new OByteStream_Memory(stream.GetBuffer())) {
-        Check(name + " reads back", fresh.GetObjectData(source, true));
-      }
+  // Writes an object and compares its frame with the native one of `name`,
+  // then reads the native frame into a fresh object that must write it back.
+  // The delegates let objects that are not AFactorable (the device record) in.
+  static void RoundTrip(string name, Func<OByteStream, bool> write, Func<OByteStream, bool, bool> read,
+                        Func<OByteStream, bool> writeBack) {
+    Same(name + " frame equals the native one", Frame(write), reference[name]);
+    using (var source = new OByteStream_Memory(Bytes(ParseHex(reference[name])))) {
+      Check(name + " reads back", read(source, true));
     }
-    Check(name + " read back writes the same frame", Frame(fresh) == reference[name]);
+    Same(name + " read back writes the same frame", Frame(writeBack), reference[name]);
   }
 
-  static void ExpectNull(string name, string message, Action call) {
-    try {
-      call();
-      Check(name, false, "no exception");
-    } catch (ArgumentNullException e) {
-      Check(name, e.Message == message, "message \"" + e.Message + "\"");
+  static void RoundTrip(string name, AFactorable written, AFactorable fresh) {
+    RoundTrip(name, written.AddObjectData, fresh.GetObjectData, fresh.AddObjectData);
+  }
+
+  // After a move the new list holds `count` elements and the source none.
+  static void CheckMoved(string name, int movedCount, int sourceCount, int count) {
+    Same(name + " move", movedCount + " moved, " + sourceCount + " left", count + " moved, 0 left");
+  }
+
+  // Every call must throw ArgumentNullException with exactly `message`; calls
+  // through reflection count by the exception they wrap.
+  static void ExpectNull(string message, params Action[] calls) {
+    for (int i = 0; i < calls.Length; ++i) {
+      try {
+        calls[i]();
+        Check(message + " #" + i, false, "no exception");
+      } catch (Exception e) {
+        Exception thrown = e is TargetInvocationException ? e.InnerException : e;
+        Same(message + " #" + i, thrown.GetType().Name + ": " + thrown.Message, "ArgumentNullException: " + message);
+      }
     }
   }
 
   static int Main(string[] args) {
-    foreach (string line in File.ReadAllLines(args[0])) {
-      string[] parts = line.Split(' ');
-      reference[parts[0]] = parts[1];
-    }
+    reference = File.ReadLines(args[0]).Select(line => line.Split(' ')).ToDictionary(p => p[0], p => p[1]);
 
     Run("vectors", () => {
-      var vectors = new OVector_Array();
-      vectors.Add(new OVector(1, 2));
-      vectors.Add(new OVector(-3.5, 4.25));
-      RoundTrip("vectors", vectors, new OVector_Array());
-    });
-
-    Run("enumeration", () => {
+      RoundTrip("vectors", new OVector_Array { new OVector(1, 2), new OVector(-3.5, 4.25) }, new OVector_Array());
       var vectors = new OVector_Array();
       for (int i = 0; i < 5; ++i) vectors.Add(new OVector(i, 10 * i));
-      var seen = new List<int>();
-      foreach (OVector v in vectors) seen.Add(v.iY());
-      Check("enumerates every element in order", string.Join(",", seen) == "0,10,20,30,40", string.Join(",", seen));
-      var empty = new OStringArray();
-      foreach (string s in empty) Check("an empty array yields nothing", false);
+      Same("enumerates every element in order", Joined<OVector>(vectors, v => v.iY()), "0,10,20,30,40");
+      Same("an empty array yields nothing", Joined<string>(new OStringArray(), s => s), "");
     });
 
-    string nonBmp = "G-clef \U0001D11E, smile \U0001F600";
     Run("texts", () => {
-      var texts = new OStringArray();
-      texts.Add("plain");
-      texts.Add(nonBmp);
-      texts.Add("Gr\u00FC\u00DFe \u20AC");
-      Check("non-BMP text comes back unchanged", texts.GetAt(1) == nonBmp, texts.GetAt(1));
-      Check("surrogate pair kept", texts.GetAt(1).Length == nonBmp.Length);
+      string[] values = { "plain", "G-clef \U0001D11E, smile \U0001F600", "Gr\u00FC\u00DFe \u20AC" };
+      var texts = new OStringArray { values[0], values[1], values[2] };
+      Same("non-BMP text comes back unchanged", texts.GetAt(1), values[1]);
       RoundTrip("texts", texts, new OStringArray());
-      var read = new List<string>();
-      foreach (string s in texts) read.Add(s);
-      Check("strings enumerate", read.Count == 3 && read[1] == nonBmp);
+      Same("strings enumerate", Joined<string>(texts, s => s), string.Join(",", values));
     });
 
-    Run("variant", () => {
+    Run("variant and time", () => {
       var variant = new OType_Variant();
-      Check("iSetValueDirect", variant.iSetValueDirect(-1234, (int)OType_Variant.DataType.kInt32) == 1);
+      Same("iSetValueDirect", variant.iSetValueDirect(-1234, (int)OType_Variant.DataType.kInt32), 1);
       RoundTrip("variant", variant, new OType_Variant());
-      Check("text of the value", variant.oStrGetValue() == "-1234", variant.oStrGetValue());
+      Same("text of the value", variant.oStrGetValue(), "-1234");
       Check("bool result false", !variant.bSetValue("not a number", (int)OType_Variant.DataType.kInt32));
       Check("bool result true", variant.bSetValue("77", (int)OType_Variant.DataType.kInt32));
-    });
-
-    Run("time", () => {
       var time = new OTime();
       FillTime(time);
       RoundTrip("time", time, new OTime());
@@ -141,28 +151,30 @@ static partial class BindingTest {
     });
 
     Run("null arguments", () => {
-      ExpectNull("stream", "OByteStream & reference is null", () => new OType_Variant().AddObjectData(null));
-      ExpectNull("vector", "OVector const & reference is null",
-                 () => new OVector(1, 1).Plus((OVector)null));
-      ExpectNull("text", "null u16string", () => new OType_Variant().bSetValue(null, 0));
-      ExpectNull("date", "Attempt to dereference null COleDateTime", () => new OTime().SetOleTime(null));
-      ExpectNull("time", "Attempt to dereference null CTime", () => new OTime().SetTime(null));
-      ExpectNull("request", "UserInteractionRequest const & type is null",
+      ExpectNull("OByteStream & reference is null", () => new OType_Variant().AddObjectData(null));
+      ExpectNull("OVector const & reference is null", () => new OVector(1, 1).Plus((OVector)null));
+      ExpectNull("OType_Image const & reference is null", () => new OType_Image((OType_Image)null));
+      ExpectNull("null u16string", () => new OType_Variant().bSetValue(null, 0),
+                 () => new OType_Image().Create((string)null));
+      ExpectNull("OByteList const & reference is null", () => new OByteStream_Memory((OByteList)null),
+                 () => new OType_GreyLine_Array().AddGreyLine_Z2_Package(null),
+                 () => iByteArrayToAsciiString(null, out _));
+      ExpectNull("Attempt to dereference null COleDateTime", () => new OTime().SetOleTime(null));
+      ExpectNull("Attempt to dereference null CTime", () => new OTime().SetTime(null));
+      ExpectNull("UserInteractionRequest const & type is null",
                  () => OMessageDispatcher.GetInstance().RequestUserInteraction(null));
-      ExpectNull("bytes", "OByteList const & reference is null", () => new OByteStream_Memory((OByteList)null));
     });
 
     Run("director", () => {
       var dispatcher = new ManagedDispatcher();
       OMessageDispatcher.SetInstance(dispatcher);
       OMessageDispatcher installed = OMessageDispatcher.GetInstance();
-      Check("native side calls the managed override", installed.DispatchMessageData_Sync(42, 5, true) == 7);
-      Check("event received", dispatcher.Received.Count == 1 && dispatcher.Received[0] == "42/5/True",
-            string.Join(";", dispatcher.Received));
-      Check("dispatcher type", installed.GetDispatcherType() == 1);
-      Check("not overridden: the library's answer", installed.DispatchMessage_Sync(1) == -1);
+      Same("native side calls the managed override", installed.DispatchMessageData_Sync(42, 5, true), 7);
+      Same("event received", string.Join(";", dispatcher.Received), "42/5/True");
+      Same("dispatcher type", installed.GetDispatcherType(), 1);
+      Same("not overridden: the library's answer", installed.DispatchMessage_Sync(1), -1);
       OMessageDispatcher.SetInstance(null);
-      Check("uninstalled", OMessageDispatcher.GetInstance().GetDispatcherType() == 2);
+      Same("uninstalled", OMessageDispatcher.GetInstance().GetDispatcherType(), 2);
     });
 
     RunUtilityCases();
