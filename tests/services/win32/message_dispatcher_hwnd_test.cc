@@ -12,19 +12,15 @@ namespace {
 // (wParam, lParam read back as int) of each WM_COMMAND, in order.
 using Received = std::vector<std::pair<WPARAM, int>>;
 
-// A message-only window that records the WM_COMMAND messages it receives and
-// answers each with a fixed result.
+// A message-only window, its procedure replaced, that records the WM_COMMAND
+// messages it receives and answers each with a fixed result.
 class CommandRecorder {
  public:
-  explicit CommandRecorder(LRESULT answer) : answer_(answer) {
-    [[maybe_unused]] static const ATOM registered = [] {
-      WNDCLASSW window_class{};
-      window_class.lpfnWndProc = &Procedure;
-      window_class.lpszClassName = kClass;
-      return RegisterClassW(&window_class);
-    }();
-    hwnd_ = CreateWindowExW(0, kClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  explicit CommandRecorder(LRESULT answer)
+      : hwnd_(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)),
+        answer_(answer) {
     SetWindowLongPtrW(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetWindowLongPtrW(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
   }
   CommandRecorder(const CommandRecorder&) = delete;
   CommandRecorder& operator=(const CommandRecorder&) = delete;
@@ -34,16 +30,14 @@ class CommandRecorder {
   Received received;
 
  private:
-  static constexpr const wchar_t* kClass = L"NkfCommandRecorder";
-
   static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message != WM_COMMAND) return DefWindowProcW(hwnd, message, wparam, lparam);
     auto* self = reinterpret_cast<CommandRecorder*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
-    if (message != WM_COMMAND || self == nullptr) return DefWindowProcW(hwnd, message, wparam, lparam);
     self->received.emplace_back(wparam, static_cast<int>(lparam));
     return self->answer_;
   }
 
-  HWND hwnd_ = nullptr;
+  HWND hwnd_;
   LRESULT answer_;
 };
 
