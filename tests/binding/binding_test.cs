@@ -93,11 +93,6 @@ static partial class BindingTest {
     RoundTrip(name, written.AddObjectData, fresh.GetObjectData, fresh.AddObjectData);
   }
 
-  // After a move the new list holds `count` elements and the source none.
-  static void CheckMoved(string name, int movedCount, int sourceCount, int count) {
-    Same(name + " move", movedCount + " moved, " + sourceCount + " left", count + " moved, 0 left");
-  }
-
   // Every call must throw ArgumentNullException with exactly `message`; calls
   // through reflection count by the exception they wrap.
   static void ExpectNull(string message, params Action[] calls) {

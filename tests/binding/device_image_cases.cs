@@ -49,32 +49,25 @@ static partial class BindingTest {
   const string GreyRampPixels = "0014283c5064788ca0b4c8dc";
 
   static void RunDeviceAndImageCases() {
-    Run("device record", () => {
+    Run("devices", () => {
       OType_DeviceInfo device = Device(7), fresh = new OType_DeviceInfo();
       RoundTrip("device", device.AddObjectData, fresh.GetObjectData, fresh.AddObjectData);
       Same("device firmware text", fresh.GetFirmwareVersion(), "2.1.0.7");
       Same("non-BMP text through UTF-8 and back", fresh.GetProductType_NOCCode(), "NOC \U0001F600");
-    });
-
-    Run("device array", () => {
       var devices = new OType_DeviceInfoArray { Device(1), Device(2) };
       RoundTrip("devices", devices, new OType_DeviceInfoArray());
       Same("device records enumerate", Joined<OType_DeviceInfo>(devices, d => d.GetFirmwareVersion()), "2.1.0.1,2.1.0.2");
-      var moved = new OType_DeviceInfoArray(devices);
-      CheckMoved("device records", moved.GetCount(), devices.GetCount(), 2);
-      Same("moved records write the same frame", Frame(moved.AddObjectData), reference["devices"]);
+      Same("moved records write the same frame", Frame(new OType_DeviceInfoArray(devices).AddObjectData),
+           reference["devices"]);
     });
 
-    Run("image", () => {
+    Run("images", () => {
       OType_Image image = GreyImage();
       RoundTrip("image", image, new OType_Image());
       Same("grey pixel", image.GetPixel_Grey(5), 100);
       Same("copy constructor", Frame(new OType_Image(image).AddObjectData), reference["image"]);
       Same("pixel bytes", Hex(image.CopyImageData()), GreyRampPixels);
       Check("short pixel buffer refused", !image.SetImage(0, 0, 4, 3, 1, Bytes(1, 2, 3)));
-    });
-
-    Run("image array", () => {
       var images = new OType_Image_Array { GreyImage(), ColourImage() };
       images.iCompressImageData(null);
       var fresh = new OType_Image_Array();
@@ -92,9 +85,7 @@ static partial class BindingTest {
       Same("ZE package line", Hex(line.GetData()), "000102fa");
       Check("too short a Z2 package", lines.AddGreyLine_Z2_Package(Bytes(1, 2, 3)) == null);
       Same("lines enumerate", Joined<OType_GreyLine>(lines, l => Hex(l.GetData())), "000102fa");
-      var moved = new OType_GreyLine_Array(lines);
-      CheckMoved("lines", moved.GetCount(), lines.GetCount(), 1);
-      Check("the moved line is the one added", moved.GetAt(0).Equals(line));
+      Check("the moved line is the one added", new OType_GreyLine_Array(lines).GetAt(0).Equals(line));
     });
 
     Run("colour conversion", () => {

@@ -23,7 +23,8 @@ static partial class BindingTest {
         ConstructorInfo move = list.GetConstructor(new[] { list });
         object source = Activator.CreateInstance(list);
         list.GetMethod("Add", new[] { element }).Invoke(source, new[] { Activator.CreateInstance(element) });
-        CheckMoved(list.Name, Count(move.Invoke(new[] { source })), Count(source), 1);
+        object moved = move.Invoke(new[] { source });
+        Same(list.Name + " move", Count(moved) + " moved, " + Count(source) + " left", "1 moved, 0 left");
         // Moved from null, the message names the collection's element type.
         string item = "std::shared_ptr< " + element.Name + " >";
         ExpectNull("WritableCollection< " + item + ",nk::ssize_t,std::allocator< " + item + " > > && type is null",
@@ -34,19 +35,18 @@ static partial class BindingTest {
     });
 
     Run("native memory", () => {
-      byte[] haystack = { 9, 1, 2, 3, 1, 2, 4 };
-      byte[] needle = { 1, 2, 4 };
-      var handles = new[] { GCHandle.Alloc(haystack, GCHandleType.Pinned), GCHandle.Alloc(needle, GCHandleType.Pinned) };
+      GCHandle haystack = GCHandle.Alloc(new byte[] { 9, 1, 2, 3, 1, 2, 4 }, GCHandleType.Pinned);
+      GCHandle needle = GCHandle.Alloc(new byte[] { 1, 2, 4 }, GCHandleType.Pinned);
       try {
-        IntPtr h = handles[0].AddrOfPinnedObject();
-        IntPtr n = handles[1].AddrOfPinnedObject();
+        IntPtr h = haystack.AddrOfPinnedObject(), n = needle.AddrOfPinnedObject();
         Same("memmem finds the needle past a partial match", (long)memmem(h, n, 7, 3) - (long)h, 4);
         Check("memmem: needle longer than the haystack", memmem(h, n, 2, 3) == IntPtr.Zero);
         Check("memmem: null haystack", memmem(IntPtr.Zero, n, 7, 3) == IntPtr.Zero);
         Check("IsValidObject of an address", IsValidObject(h));
         Check("IsValidObject of null", !IsValidObject(IntPtr.Zero));
       } finally {
-        foreach (var handle in handles) handle.Free();
+        haystack.Free();
+        needle.Free();
       }
     });
 
