@@ -37,11 +37,9 @@ class ScratchRegistryKey {
 
   bool Exists(const std::string& below = "") const {
     HKEY key = nullptr;
-    if (RegOpenKeyExA(HKEY_CURRENT_USER, (below.empty() ? path_ : *this / below).c_str(), 0, KEY_READ, &key)) {
-      return false;
-    }
-    RegCloseKey(key);
-    return true;
+    const std::string path = below.empty() ? path_ : *this / below;
+    return RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS &&
+           RegCloseKey(key) == ERROR_SUCCESS;
   }
 
   // Raw access through the wide calls, past the code under test; `below`
