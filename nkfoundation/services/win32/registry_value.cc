@@ -22,24 +22,17 @@ struct Units {
   std::size_t count;
 };
 
-// Bytes of a multi-string: every string with its zero unit, then one more;
-// an empty list is two zero units, as the registry itself writes it.
-DWORD MultiStringSize(const std::vector<Units>& strings) {
-  if (strings.empty()) return 2 * sizeof(char16_t);
-  std::size_t size = sizeof(char16_t);
-  for (const Units& string : strings) size += (string.count + 1) * sizeof(char16_t);
-  return static_cast<DWORD>(size);
-}
-
-// Fills a block of MultiStringSize(strings) bytes.
-void WriteMultiString(const std::vector<Units>& strings, BYTE* out) {
+// A multi-string block: every string with its zero unit, then one more; an
+// empty list is two zero units, as the registry itself writes it.
+std::vector<BYTE> MultiStringBlock(const std::vector<Units>& strings) {
+  std::vector<BYTE> block;
   for (const Units& string : strings) {
-    const std::size_t bytes = string.count * sizeof(char16_t);
-    if (bytes != 0) std::memcpy(out, string.data, bytes);
-    std::memset(out + bytes, 0, sizeof(char16_t));
-    out += bytes + sizeof(char16_t);
+    const auto* bytes = static_cast<const BYTE*>(string.data);
+    block.insert(block.end(), bytes, bytes + string.count * sizeof(char16_t));
+    block.insert(block.end(), sizeof(char16_t), 0);
   }
-  std::memset(out, 0, strings.empty() ? 2 * sizeof(char16_t) : sizeof(char16_t));
+  block.insert(block.end(), strings.empty() ? 2 * sizeof(char16_t) : sizeof(char16_t), 0);
+  return block;
 }
 
 std::vector<Units> UnitsOf(const WritableCollection<std::u16string>& strings) {
@@ -117,16 +110,13 @@ void OType_RegistryValue::SetValue(const wchar_t* const* strings, unsigned long 
     const wchar_t* string = strings[i] != nullptr ? strings[i] : L"";
     units.push_back({string, std::wcslen(string)});
   }
-  if (!AllocateDataBuffer(MultiStringSize(units))) return;
-  WriteMultiString(units, m_pData);
-  m_dwType = REG_MULTI_SZ;
+  const std::vector<BYTE> block = MultiStringBlock(units);
+  Assign(REG_MULTI_SZ, block.data(), static_cast<DWORD>(block.size()));
 }
 
 void OType_RegistryValue::SetValue(const WritableCollection<std::u16string>& strings) {
-  const std::vector<Units> units = UnitsOf(strings);
-  if (!AllocateDataBuffer(MultiStringSize(units))) return;
-  WriteMultiString(units, m_pData);
-  m_dwType = REG_MULTI_SZ;
+  const std::vector<BYTE> block = MultiStringBlock(UnitsOf(strings));
+  Assign(REG_MULTI_SZ, block.data(), static_cast<DWORD>(block.size()));
 }
 
 bool OType_RegistryValue::GetValue(unsigned long& value) const {
